@@ -47,13 +47,9 @@ void set_assert_hook(functor::delegate_t<assert_hook_function> const& hook) {
     }
 }
 
-void set_assert_hook(types::nil_t const&) {
-    assert_hook.hold(nullptr);
-}
+void set_assert_hook(types::nil_t const&) { assert_hook.hold(nullptr); }
 
-bool is_assert_hook_set() {
-    return assert_hook.get() != nullptr;
-}
+bool is_assert_hook_set() { return assert_hook.get() != nullptr; }
 
 namespace _private {
 

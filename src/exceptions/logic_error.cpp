@@ -11,9 +11,7 @@ logic_error::logic_error(std::string const& message, exception::state const& err
 
 logic_error::~logic_error() = default;
 
-char const* logic_error::get_message() const {
-    return m_message.c_str();
-}
+char const* logic_error::get_message() const { return m_message.c_str(); }
 
 invalid_argument_value::~invalid_argument_value() = default;
 

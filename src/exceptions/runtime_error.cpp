@@ -11,9 +11,7 @@ runtime_error::runtime_error(std::string const& message, exception::state const&
 
 runtime_error::~runtime_error() = default;
 
-char const* runtime_error::get_message() const {
-    return m_message.c_str();
-}
+char const* runtime_error::get_message() const { return m_message.c_str(); }
 
 overflow_error::~overflow_error() = default;
 

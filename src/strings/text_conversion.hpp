@@ -1,5 +1,6 @@
-// The one conversion helper behind every overload triple: the real function works on `ustring8`, the `ustring16` and
-// `ustring32` forms are one line each through `to_utf8` and, where text comes back, `from_utf8`.
+// The one conversion helper behind every overload triple: the real function works on `ustring8`, the
+// `ustring16` and `ustring32` forms are one line each through `to_utf8` and, where text comes back,
+// `from_utf8`.
 
 #pragma once
 

@@ -14,9 +14,7 @@ struct adder {
     int add(int value) { return total += value; }
 };
 
-int twice(int value) {
-    return value * 2;
-}
+int twice(int value) { return value * 2; }
 
 TEST(delegate, calls_after_the_temporary_it_was_assigned_from_is_gone) {
     adder sum;

@@ -1,0 +1,11 @@
+// File: veldrin/veldrin.hpp
+//
+// The whole library in one include.
+
+#pragma once
+
+#include "veldrin/i18n.hpp"
+#include "veldrin/parser.hpp"
+#include "veldrin/strings.hpp"
+#include "veldrin/system.hpp"
+#include "veldrin/types.hpp"
