@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "veldrin/foundation.hpp"
 #include "veldrin/i18n.hpp"
 #include "veldrin/parser.hpp"
 #include "veldrin/strings.hpp"
