@@ -1,6 +1,6 @@
 // File: veldrin/foundation.hpp
 //
-// Failures, assertions, delegates, counted pointers, and the argument lists and conversions that everything uses.
+// Failures, assertions, delegates, abilities and counted pointers.
 
 #pragma once
 
@@ -16,9 +16,7 @@
 #include "veldrin/generic/abilities/id_ability.hpp"
 #include "veldrin/generic/abilities/make_dynamic.hpp"
 #include "veldrin/generic/abilities/reference_count_pointer_ability.hpp"
-#include "veldrin/generic/argument.hpp"
 #include "veldrin/generic/clone_interface.hpp"
-#include "veldrin/generic/convert/str_to_x.hpp"
-#include "veldrin/generic/varg_list.hpp"
 #include "veldrin/memory/pointers/rc_pointer.hpp"
 #include "veldrin/memory/pointers/shared_pointer.hpp"
+#include "veldrin/types/nil.hpp"

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "veldrin/foundation.hpp"
+#include "veldrin/generic.hpp"
 #include "veldrin/i18n.hpp"
 #include "veldrin/parser.hpp"
 #include "veldrin/strings.hpp"

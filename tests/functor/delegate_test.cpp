@@ -1,5 +1,8 @@
 #include "veldrin/functor/delegate.hpp"
 
+#include <memory>
+#include <type_traits>
+
 #include <gtest/gtest.h>
 
 #include "veldrin/functor/function.hpp"
@@ -12,14 +15,72 @@ using namespace VELDRIN_2_18;
 struct adder {
     int total = 0;
     int add(int value) { return total += value; }
+    int subtract(int value) { return total -= value; }
 };
 
+using adder_call = functor::member_function_t<adder, int(int)>;
+
 int twice(int value) { return value * 2; }
+int thrice(int value) { return value * 3; }
+
+TEST(member_function, calls_the_member_on_the_object) {
+    adder sum;
+    adder_call call(&sum, &adder::add);
+    EXPECT_EQ(call(3), 3);
+    EXPECT_EQ(sum.total, 3);
+}
+
+TEST(member_function, is_equal_for_the_same_object_and_member_alone) {
+    adder sum;
+    adder other;
+    adder_call const call(&sum, &adder::add);
+    EXPECT_TRUE(call.equal(adder_call(&sum, &adder::add)));
+    EXPECT_FALSE(call.equal(adder_call(&other, &adder::add)));
+    EXPECT_FALSE(call.equal(adder_call(&sum, &adder::subtract)));
+    EXPECT_FALSE(call.equal(functor::function_t<int(int)>(&twice)));
+}
+
+TEST(member_function, clone_is_a_copy) {
+    adder sum;
+    adder_call const call(&sum, &adder::add);
+    std::unique_ptr<functor::function_type_interface<int(int)>> const clone(call.clone());
+    EXPECT_NE(static_cast<void const*>(clone.get()), static_cast<void const*>(&call));
+    EXPECT_TRUE(call.equal(*clone));
+    EXPECT_EQ((*clone)(5), 5);
+    EXPECT_EQ(sum.total, 5);
+}
+
+TEST(free_function, is_called_compared_and_cloned) {
+    functor::function_t<int(int)> call(&twice);
+    EXPECT_EQ(call(4), 8);
+    EXPECT_TRUE(call.equal(functor::function_t<int(int)>(&twice)));
+    EXPECT_TRUE(call.equal(functor::function_t<int (*)(int)>(&twice)));
+    EXPECT_FALSE(call.equal(functor::function_t<int(int)>(&thrice)));
+    adder sum;
+    EXPECT_FALSE(call.equal(adder_call(&sum, &adder::add)));
+    std::unique_ptr<functor::function_type_interface<int(int)>> const clone(call.clone());
+    EXPECT_TRUE(call.equal(*clone));
+}
+
+TEST(function_traits, defines_result_and_arguments) {
+    using of_function = traits::function_traits<int(char, long)>;
+    using of_pointer = traits::function_traits<int (*)(char, long)>;
+    EXPECT_TRUE((std::is_same_v<of_function::result_type, int>));
+    EXPECT_TRUE((std::is_same_v<of_function::argument_types, std::tuple<char, long>>));
+    EXPECT_TRUE((std::is_same_v<of_function::function_type, int(char, long)>));
+    EXPECT_TRUE((std::is_same_v<of_pointer::function_type, int(char, long)>));
+    EXPECT_EQ(of_function::arity, 2U);
+    EXPECT_TRUE((std::is_empty_v<of_function>));
+    EXPECT_TRUE(
+        (std::is_base_of_v<traits::function_traits<int(int)>, functor::function_type_interface<int(int)>>));
+    EXPECT_TRUE(
+        (std::is_base_of_v<generic::abilities::clone_ability, functor::function_type_interface<int(int)>>));
+}
 
 TEST(delegate, calls_after_the_temporary_it_was_assigned_from_is_gone) {
     adder sum;
     functor::delegate_t<int(int)> call;
-    call = functor::member_function_t<adder, int(int)>(&sum, &adder::add);
+    call = adder_call(&sum, &adder::add);
     EXPECT_EQ(call(3), 3);
     EXPECT_EQ(call(4), 7);
 }
@@ -27,9 +88,77 @@ TEST(delegate, calls_after_the_temporary_it_was_assigned_from_is_gone) {
 TEST(delegate, takes_a_pointer_to_a_function_type) {
     functor::delegate_t<int (*)(int)> call = functor::function_t<int(int)>(&twice);
     EXPECT_EQ(call(21), 42);
-    call = types::nil;
+    EXPECT_TRUE((std::is_same_v<functor::delegate_t<int (*)(int)>::callable_type,
+                                functor::delegate_t<int(int)>::callable_type>));
+}
+
+TEST(delegate, an_empty_one_does_nothing_and_returns_a_fresh_value) {
+    functor::delegate_t<int(int)> const number;
+    EXPECT_TRUE(number.empty());
+    EXPECT_FALSE(static_cast<bool>(number));
+    EXPECT_EQ(number(21), 0);
+    functor::delegate_t<void(int)> const nothing;
+    nothing(21);
+    functor::delegate_t<std::unique_ptr<int>(int)> const pointer;
+    EXPECT_EQ(pointer(21), nullptr);
+}
+
+TEST(delegate, follows_the_nil_protocol) {
+    functor::delegate_t<int(int)> call(types::nil);
     EXPECT_TRUE(call == types::nil);
-    EXPECT_EQ(call(21), 0);
+    EXPECT_TRUE(types::nil == call);
+    EXPECT_TRUE(call.equal(types::nil));
+    call.assign(functor::function_t<int(int)>(&twice));
+    EXPECT_TRUE(call != types::nil);
+    EXPECT_FALSE(call.equal(types::nil));
+    EXPECT_TRUE(static_cast<bool>(call));
+    call = types::nil;
+    EXPECT_TRUE(call.empty());
+    call = functor::function_t<int(int)>(&twice);
+    call.assign(types::nil);
+    EXPECT_TRUE(call.empty());
+}
+
+TEST(delegate, copies_deeply) {
+    adder sum;
+    functor::delegate_t<int(int)> first = adder_call(&sum, &adder::add);
+    functor::delegate_t<int(int)> second(first);
+    first = types::nil;
+    EXPECT_EQ(second(2), 2);
+    functor::delegate_t<int(int)> third;
+    third = second;
+    second = functor::function_t<int(int)>(&twice);
+    EXPECT_EQ(third(2), 4);
+    EXPECT_EQ(second(2), 4);
+    EXPECT_EQ(third(2), 6);
+    functor::delegate_t<int(int)> const& alias = third;
+    third = alias;
+    EXPECT_EQ(third(1), 7);
+    second = functor::delegate_t<int(int)>();
+    EXPECT_TRUE(second.empty());
+}
+
+TEST(delegate, moving_empties_the_source) {
+    functor::delegate_t<int(int)> first = functor::function_t<int(int)>(&thrice);
+    functor::delegate_t<int(int)> second(std::move(first));
+    EXPECT_EQ(second(2), 6);
+    functor::delegate_t<int(int)> third;
+    third = std::move(second);
+    EXPECT_EQ(third(3), 9);
+}
+
+// Arguments go on as they come: references stay references, and what can only be moved is moved.
+int take(std::unique_ptr<int> value, int& count) {
+    ++count;
+    return *value;
+}
+
+TEST(delegate, forwards_its_arguments) {
+    functor::delegate_t<int(std::unique_ptr<int>, int&)> const call =
+        functor::function_t<int(std::unique_ptr<int>, int&)>(&take);
+    int count = 0;
+    EXPECT_EQ(call(std::make_unique<int>(8), count), 8);
+    EXPECT_EQ(count, 1);
 }
 
 } // namespace

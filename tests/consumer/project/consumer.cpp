@@ -6,9 +6,10 @@
 
 int main() {
     veldrin::strings::ustring8 const path("consumer.xmc");
-    veldrin::system::store_file(path, "<?xml version=\"1.0\"?><xmc version=\"1.1\"><catalog name=\"status\" lang=\"en\">"
-                                      "<msg name=\"copied\"><arg name=\"count\" type=\"int\"/> files copied</msg>"
-                                      "</catalog></xmc>");
+    veldrin::system::store_file(
+        path, "<?xml version=\"1.0\"?><xmc version=\"1.1\"><catalog name=\"status\" lang=\"en\">"
+              "<msg name=\"copied\"><arg name=\"count\" type=\"int\"/> files copied</msg>"
+              "</catalog></xmc>");
 
     veldrin::i18n::message_catalogs catalogs;
     auto const result = catalogs.load(path, "en");
