@@ -129,7 +129,7 @@ private:
     void parse_attribute(position& current, position end);
     void parse_text(position& current, position end);
     void append_section(position& current, position end, char const* closer, strings::ustring8& text);
-    char parse_digits(position& current, position end, bool hexadecimal) const;
+    char parse_character_number(position& current, position end);
 
     std::deque<strings::ustring8> m_open_elements;
     std::set<strings::ustring8> m_attribute_names;
