@@ -83,15 +83,11 @@ public:
 
     // Lets go of the held object and shares the other's; nothing happens if both are the same.
     variant& operator=(variant const& other) = default;
-    variant& assign(variant const& other) {
-        return *this = other;
-    }
+    variant& assign(variant const& other) { return *this = other; }
 
     // Takes a new nil object.
     variant& operator=(nil_t const&);
-    variant& assign(nil_t const&) {
-        return *this = nil;
-    }
+    variant& assign(nil_t const&) { return *this = nil; }
 
     // The type of the held value: `typeid(int)` for `variant(5)`, `typeid(strings::ustring8)` for
     // `variant("a")`.
@@ -99,12 +95,8 @@ public:
 
     // Whether the held value is nil. Variants do not compare with each other.
     bool equal(nil_t const&) const;
-    bool operator==(nil_t const&) const {
-        return equal(nil);
-    }
-    bool operator!=(nil_t const&) const {
-        return !equal(nil);
-    }
+    bool operator==(nil_t const&) const { return equal(nil); }
+    bool operator!=(nil_t const&) const { return !equal(nil); }
 
     // Writes the value and returns the stream. Numbers and bool go by the stream's own flags; a character
     // type

@@ -86,7 +86,7 @@ public:
 
     int always_one() const override;
     std::type_info const& type() const override;
-    variant_value_t* clone() const override;
+    variant_type* clone() const override;
     std::ostream& ostream(std::ostream& stream) const override;
 
     int as_int() const override;
