@@ -10,8 +10,7 @@
 
 namespace VELDRIN_2_18::strings {
 
-// Early enough for every other static object, in the static library too. Some compilers build the strings in
-// advance and run nothing here, others can not.
+// Ahead of every other static object, in the static library too.
 [[gnu::init_priority(101)]] ustring8 const utf8_byte_order_mark{'\xEF', '\xBB', '\xBF'};
 [[gnu::init_priority(101)]] ustring16 const utf16_byte_order_mark{utf16_unit{0xFEFF}};
 [[gnu::init_priority(101)]] ustring32 const utf32_byte_order_mark{utf32_unit{0xFEFF}};

@@ -40,8 +40,9 @@ public:
     basic_ustring(Other const* text) : base_type(reinterpret_cast<char const*>(text)) {}
 #endif
 
-    // The other constructors of the standard string.
+    // The other constructors and the assignments of the standard string.
     using base_type::base_type;
+    using base_type::operator=;
 };
 
 // UTF-8 by convention. A literal's bytes are taken as they are.
