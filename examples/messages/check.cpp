@@ -19,7 +19,7 @@ std::vector<catalog_summary> summarise(text const& contents) {
     text attribute;
     for (token const& current : tokens) {
         switch (current.type()) {
-        case veldrin::parser::xml_token_stream::element_start:
+        case token::element_start:
             in_catalog_tag = current.value() == "catalog";
             if (in_catalog_tag) {
                 catalogs.emplace_back();
@@ -27,10 +27,10 @@ std::vector<catalog_summary> summarise(text const& contents) {
                 ++catalogs.back().messages;
             }
             break;
-        case veldrin::parser::xml_token_stream::attribute_name:
+        case token::attribute_name:
             attribute = current.value();
             break;
-        case veldrin::parser::xml_token_stream::attribute_value:
+        case token::attribute_value:
             if (in_catalog_tag && attribute == "name") {
                 catalogs.back().name = current.value();
             } else if (in_catalog_tag && attribute == "lang") {
