@@ -4,7 +4,6 @@
 
 #pragma once
 
-#include <cstddef>
 #include <utility>
 
 #include "veldrin/generic/abilities/reference_count_pointer_ability.hpp"
@@ -30,13 +29,14 @@ public:
     counted_pointer() = default;
 
     // Counts one reference, unless the pointer is null.
-    counted_pointer(T* object) : m_object(object) {
-        if (m_object != nullptr) {
-            counting::add_reference(*m_object);
+    counted_pointer(T* object) noexcept { take(object); }
+
+    // A pointer made as a copy of itself is empty.
+    counted_pointer(counted_pointer const& other) noexcept {
+        if (this != &other) {
+            take(other.m_object);
         }
     }
-
-    counted_pointer(counted_pointer const& other) : counted_pointer(other.m_object) {}
     counted_pointer(counted_pointer&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
 
     ~counted_pointer() { release(); }
@@ -83,6 +83,13 @@ public:
     }
 
 private:
+    void take(T* object) noexcept {
+        m_object = object;
+        if (m_object != nullptr) {
+            counting::add_reference(*m_object);
+        }
+    }
+
     void release() {
         T* const object = std::exchange(m_object, nullptr);
         if (object != nullptr && counting::drop_reference(*object)) {

@@ -32,7 +32,7 @@ class rc_pointer : public _private::counted_pointer<T, _private::virtual_destroy
 
 public:
     rc_pointer() = default;
-    rc_pointer(T* object) : base(object) {}
+    rc_pointer(T* object) noexcept : base(object) {}
 
     rc_pointer& operator=(T* object) {
         base::operator=(object);

@@ -36,7 +36,7 @@ class shared_pointer : public _private::counted_pointer<T, _private::exact_destr
 
 public:
     shared_pointer() = default;
-    shared_pointer(T* object) : base(object) {}
+    shared_pointer(T* object) noexcept : base(object) {}
 
     shared_pointer& operator=(T* object) {
         base::operator=(object);
