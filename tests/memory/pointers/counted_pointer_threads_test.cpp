@@ -46,6 +46,7 @@ void run_in_threads(Work work) {
         threads.emplace_back([&ready, &work, index] {
             ++ready;
             while (ready != thread_count) {
+                std::this_thread::yield();
             }
             work(index);
         });
@@ -81,7 +82,7 @@ TYPED_TEST(counted_pointer_threads, copies_and_releases_lose_no_reference) {
 // Each thread writes to the object without a lock before it lets go; whoever is last reads it all in the
 // destructor. That is a race unless the count orders everything.
 TYPED_TEST(counted_pointer_threads, the_last_thread_destroys_and_sees_what_the_others_wrote) {
-    constexpr int rounds = 500;
+    constexpr int rounds = 300;
     std::atomic<int> destroyed{0};
     for (int round = 0; round != rounds; ++round) {
         std::vector<TypeParam> holders(thread_count, TypeParam(abilities::make_dynamic<subject>(destroyed)));
@@ -95,7 +96,7 @@ TYPED_TEST(counted_pointer_threads, the_last_thread_destroys_and_sees_what_the_o
 
 TEST(reference_count_threads, exactly_one_thread_is_told_zero) {
     std::atomic<int> destroyed{0};
-    for (int round = 0; round != 500; ++round) {
+    for (int round = 0; round != 300; ++round) {
         subject object(destroyed);
         for (std::size_t index = 0; index != thread_count; ++index) {
             object.inc_pointer_ref();

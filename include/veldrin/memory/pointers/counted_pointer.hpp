@@ -90,12 +90,16 @@ private:
         }
     }
 
+// The compiler sees that an object is on the stack, but not that its flag keeps it from being destroyed here.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wfree-nonheap-object"
     void release() {
         T* const object = std::exchange(m_object, nullptr);
         if (object != nullptr && counting::drop_reference(*object)) {
             Destroyer::destroy(object);
         }
     }
+#pragma GCC diagnostic pop
 
     T* m_object = nullptr;
 };
