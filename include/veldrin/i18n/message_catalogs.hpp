@@ -211,15 +211,15 @@ public:
     catalog_t const& catalog(strings::ustring16 const& name) const;
     catalog_t const& catalog(strings::ustring32 const& name) const;
 
-    bool has_message(strings::ustring8 const& catalog, strings::ustring8 const& key) const;
-    bool has_message(strings::ustring16 const& catalog, strings::ustring16 const& key) const;
-    bool has_message(strings::ustring32 const& catalog, strings::ustring32 const& key) const;
+    bool has_message(strings::ustring8 const& catalog_name, strings::ustring8 const& key) const;
+    bool has_message(strings::ustring16 const& catalog_name, strings::ustring16 const& key) const;
+    bool has_message(strings::ustring32 const& catalog_name, strings::ustring32 const& key) const;
 
     // `s_nil_message` if the catalogue is missing, `catalog_t::m_nil_message` if only the message is. The
     // reference is good until the message is loaded again or its catalogue dropped.
-    message_t const& message(strings::ustring8 const& catalog, strings::ustring8 const& key) const;
-    message_t const& message(strings::ustring16 const& catalog, strings::ustring16 const& key) const;
-    message_t const& message(strings::ustring32 const& catalog, strings::ustring32 const& key) const;
+    message_t const& message(strings::ustring8 const& catalog_name, strings::ustring8 const& key) const;
+    message_t const& message(strings::ustring16 const& catalog_name, strings::ustring16 const& key) const;
+    message_t const& message(strings::ustring32 const& catalog_name, strings::ustring32 const& key) const;
 
     // The number of catalogues.
     std::size_t size() const;
@@ -248,14 +248,6 @@ public:
     catalog_t::const_iterator end(strings::ustring32 const& name) const;
 
 private:
-    struct request;
-
-    result_type do_load_file(strings::ustring8 const& path, request const& wanted);
-    result_type do_load_directory(strings::ustring8 const& path, request const& wanted);
-    result_type do_load_entity(strings::ustring8 const& path, request const& wanted);
-    result_type do_load(strings::ustring8 const& path, request const& wanted);
-    result_type do_load(std::vector<strings::ustring8> const& paths, request const& wanted);
-
     catalog_map m_catalogs;
 };
 
