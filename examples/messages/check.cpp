@@ -6,17 +6,17 @@
 #include "veldrin/parser/xml_token_stream.hpp"
 #include "veldrin/system/file_utility.hpp"
 
-using text = veldrin::strings::ustring8;
+using veldrin::strings::ustring8;
 using token = veldrin::parser::xml_token_stream::token;
 using veldrin::i18n::message_catalogs;
 
-std::vector<catalog_summary> summarise(text const& contents) {
+std::vector<catalog_summary> summarise(ustring8 const& contents) {
     veldrin::parser::xml_token_stream tokens;
     tokens.parse(contents);
 
     std::vector<catalog_summary> catalogs;
     bool in_catalog_tag = false;
-    text attribute;
+    ustring8 attribute;
     for (token const& current : tokens) {
         switch (current.type()) {
         case token::element_start:
@@ -44,10 +44,10 @@ std::vector<catalog_summary> summarise(text const& contents) {
     return catalogs;
 }
 
-std::set<text> languages_of(text const& path) {
-    text contents;
+std::set<ustring8> languages_of(ustring8 const& path) {
+    ustring8 contents;
     veldrin::system::load_file(path, contents);
-    std::set<text> languages;
+    std::set<ustring8> languages;
     for (catalog_summary const& catalog : summarise(contents)) {
         if (!catalog.language.empty()) {
             languages.insert(catalog.language);
@@ -56,12 +56,12 @@ std::set<text> languages_of(text const& path) {
     return languages;
 }
 
-int check(std::ostream& out, std::ostream& error, text const& path) {
-    std::set<text> languages = languages_of(path);
+int check(std::ostream& out, std::ostream& error, ustring8 const& path) {
+    std::set<ustring8> languages = languages_of(path);
     if (languages.empty()) {
         languages.insert("en");
     }
-    for (text const& language : languages) {
+    for (ustring8 const& language : languages) {
         message_catalogs catalogs;
         message_catalogs::result_type const result = catalogs.load_file(path, language);
         if (result.type() != message_catalogs::no_error) {
@@ -70,9 +70,13 @@ int check(std::ostream& out, std::ostream& error, text const& path) {
         }
     }
 
-    text contents;
+    ustring8 contents;
     veldrin::system::load_file(path, contents);
-    for (catalog_summary const& catalog : summarise(contents)) {
+    std::vector<catalog_summary> const summary = summarise(contents);
+    if (summary.empty()) {
+        out << "no catalogue of its own; what it includes can be loaded\n";
+    }
+    for (catalog_summary const& catalog : summary) {
         out << "catalogue " << catalog.name << ", language " << catalog.language << ": " << catalog.messages
             << (catalog.messages == 1 ? " message\n" : " messages\n");
     }

@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
         std::cerr << "usage: messages CATALOG_DIRECTORY [LANGUAGE] | messages --check FILE\n";
         return 2;
     }
-    std::vector<text> const files = catalog_files(argv[1]);
+    std::vector<ustring8> const files = catalog_files(argv[1]);
     if (files.empty()) {
         std::cerr << "no catalogue files in " << argv[1] << '\n';
         return 1;

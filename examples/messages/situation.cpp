@@ -28,7 +28,7 @@ veldrin::generic::varg_list const& situation() {
     return arguments;
 }
 
-bool load(message_catalogs& catalogs, std::vector<text> const& files, text const& language) {
+bool load(message_catalogs& catalogs, std::vector<ustring8> const& files, ustring8 const& language) {
     message_catalogs::result_type const result = catalogs.load(files, language);
     if (result.type() != message_catalogs::no_error) {
         std::cerr << result << '\n';
@@ -38,19 +38,20 @@ bool load(message_catalogs& catalogs, std::vector<text> const& files, text const
 }
 
 // A line break in a message goes on below the start of its text.
-void print_message(std::ostream& out, message_t const& message, text const& indentation) {
-    text written = message.as_utf8(situation());
-    veldrin::strings::replace_all(written, text("\n"), text("\n" + indentation));
+void print_message(std::ostream& out, message_t const& message, ustring8 const& indentation) {
+    ustring8 written = message.as_utf8(situation());
+    veldrin::strings::replace_all(written, ustring8("\n"), ustring8("\n" + indentation));
     out << written << '\n';
 }
 
 } // namespace
 
-std::vector<text> catalog_files(text const& directory) {
-    std::vector<text> files;
+std::vector<ustring8> catalog_files(ustring8 const& directory) {
+    std::vector<ustring8> files;
     veldrin::system::get_directory_files(directory, files);
-    auto const unwanted = [](text const& path) {
-        bool const shared = path.find("/shared/") != text::npos || path.find("\\shared\\") != text::npos;
+    auto const unwanted = [](ustring8 const& path) {
+        bool const shared =
+            path.find("/shared/") != ustring8::npos || path.find("\\shared\\") != ustring8::npos;
         return shared || path.size() < 4 || path.compare(path.size() - 4, 4, ".xmc") != 0;
     };
     files.erase(std::remove_if(files.begin(), files.end(), unwanted), files.end());
@@ -58,7 +59,7 @@ std::vector<text> catalog_files(text const& directory) {
     return files;
 }
 
-bool print_situation(std::ostream& out, std::vector<text> const& files, text const& language) {
+bool print_situation(std::ostream& out, std::vector<ustring8> const& files, ustring8 const& language) {
     message_catalogs catalogs;
     if (!load(catalogs, files, language)) {
         return false;
@@ -67,19 +68,19 @@ bool print_situation(std::ostream& out, std::vector<text> const& files, text con
         out << name << '\n';
         for (auto const& [key, message] : *catalog) {
             out << "  " << std::left << std::setw(14) << key;
-            print_message(out, message, text(16, ' '));
+            print_message(out, message, ustring8(16, ' '));
         }
     }
     return true;
 }
 
-bool print_table(std::ostream& out, std::vector<text> const& files) {
-    std::set<text> languages;
-    for (text const& file : files) {
+bool print_table(std::ostream& out, std::vector<ustring8> const& files) {
+    std::set<ustring8> languages;
+    for (ustring8 const& file : files) {
         languages.merge(languages_of(file));
     }
-    std::vector<std::pair<text, message_catalogs>> stores;
-    for (text const& language : languages) {
+    std::vector<std::pair<ustring8, message_catalogs>> stores;
+    for (ustring8 const& language : languages) {
         stores.emplace_back(language, message_catalogs());
         if (!load(stores.back().second, files, language)) {
             return false;
@@ -89,7 +90,7 @@ bool print_table(std::ostream& out, std::vector<text> const& files) {
     // Each language has at least the English and the neutral texts, so the first store names all that there
     // is.
     message_catalogs everything;
-    for (text const& language : languages) {
+    for (ustring8 const& language : languages) {
         if (!load(everything, files, language)) {
             return false;
         }
@@ -99,10 +100,10 @@ bool print_table(std::ostream& out, std::vector<text> const& files) {
             out << name << '.' << key << '\n';
             for (auto const& [language, store] : stores) {
                 message_t const& message = store.message(name, key);
-                text const origin =
-                    message._orginal_locale() == language ? text() : message._orginal_locale();
-                out << "  " << std::left << std::setw(7) << language << std::setw(4) << origin;
-                print_message(out, message, text(13, ' '));
+                ustring8 const& origin = message._orginal_locale();
+                ustring8 const fallback = origin == language ? ustring8() : ustring8("(" + origin + ")");
+                out << "  " << std::left << std::setw(7) << language << std::setw(6) << fallback;
+                print_message(out, message, ustring8(15, ' '));
             }
         }
     }
