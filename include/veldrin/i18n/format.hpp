@@ -50,7 +50,7 @@ VELDRIN_EXPORT strings::ustring8 format_duration(double value, strings::ustring8
 // GB, TB, PB, EB, ZB and YB, in steps of 1024; what stands behind them is ignored.
 //
 // Returns the number and puts the unit's name into `unit`. Without a target the unit is chosen so that the
-// number is below 1024. `unit` is emptied first and stays empty where an option is bad.
+// number is below 1024. `unit` is emptied first.
 VELDRIN_EXPORT strings::ustring8 format_memory(types::variant value, strings::ustring8 const& options,
                                                strings::ustring8& unit);
 
