@@ -92,7 +92,7 @@ TEST(format_double, gives_up_on_more_than_63_characters) {
                  {-digits_63, "precision=0", "-0"},
                  {digits_63, "", "-0"},
                  {digits_63, "precision=0,fieldsize=63", two_to_the_209},
-                 {digits_63, "precision=0,fieldsize=62", "8e+62" + std::string()},
+                 {digits_63, "precision=0,fieldsize=62", std::string(57, ' ') + "8e+62"},
                  {digits_64, "precision=0,fieldsize=10", "-0"},
                  {1e100, "", "-0"},
                  {1e100, "fieldsize=10", "-0"},
@@ -104,9 +104,9 @@ TEST(format_double, gives_up_on_more_than_63_characters) {
                  {3.14159, "fieldsize=63", std::string(59, ' ') + "3.14"},
                  {3.14159, "fieldsize=64", "-0"},
                  {3.14159, "fieldsize=65535", "-0"},
-                 {1.0, "precision=60,fieldsize=10", "1.00000000"},
-                 {1.0, "precision=59,fieldsize=10", "1.00000000"},
-                 {1.0, "precision=57,fieldsize=10", "1.00000000"}});
+                 {1.0, "precision=57,fieldsize=10", "1.00000000"},
+                 {1.0, "precision=58,fieldsize=10", "-0"},
+                 {1.0, "precision=61,fieldsize=10", "-0"}});
 }
 
 TEST(format_double, writes_what_is_no_number) {

@@ -109,7 +109,7 @@ TEST(format_metric, scales_a_whole_number_to_the_target) {
                  {5, "base_unit=E,target_unit=base,precision=0", "5000000000000000000", ""},
                  {10, "base_unit=E,target_unit=base,precision=0", "10000000000000000000", ""},
                  {20, "base_unit=E,target_unit=base,precision=0", "1553255926290448384", ""},
-                 {1, "base_unit=Y,target_unit=a,precision=0", "4477988020393345024", "a"}});
+                 {1, "base_unit=Y,target_unit=a,precision=0", "11806718586779598848", "a"}});
 }
 
 TEST(format_metric, works_on_whole_numbers_for_a_precision_of_0) {
