@@ -1,7 +1,7 @@
 #include "veldrin/i18n/message_catalogs.hpp"
 
 #include <ostream>
-#include <string_view>
+#include <string>
 
 #include "platform/path.hpp"
 #include "strings/text_conversion.hpp"
@@ -76,8 +76,7 @@ private:
 
     static bool is_catalog_file(ustring8 const& path) {
         ustring8 const name = strings::to_lower(path);
-        std::string_view const ending = std::string_view(name).substr(name.size() < 4 ? 0 : name.size() - 4);
-        return ending == ".xmc" || ending == ".xml";
+        return name.ends_with(".xmc") || name.ends_with(".xml");
     }
 
     result_type entity(ustring8 const& path) const {
