@@ -24,7 +24,7 @@ inline constexpr int code_pages[] = {932,   936,   949,   950,   1250,  1251,  1
                                      1255,  1256,  1257,  1258,  20866, 21866, 28591, 28592, 28593,
                                      28594, 28595, 28596, 28597, 28598, 28599, 28605};
 
-using map = std::vector<std::uint16_t>;
+using map = std::vector<std::uint32_t>;
 
 struct answers {
     // The unit of each byte that stands alone.
@@ -100,7 +100,7 @@ inline std::size_t read_run(map& values, std::size_t key, std::string const& tex
     std::size_t const length = sign == text.size() ? 1 : std::stoul(text.substr(sign + 1), nullptr, 16);
     std::size_t const step = sign != text.size() && text[sign] == '+' ? 1 : 0;
     for (std::size_t count = 0; count < length; ++count, value += step) {
-        values.at(key++) = static_cast<std::uint16_t>(value);
+        values.at(key++) = static_cast<std::uint32_t>(value);
     }
     return key;
 }

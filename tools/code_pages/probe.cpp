@@ -84,11 +84,9 @@ void ask_units(int code_page, answers& result) {
         if (bytes.empty() || bytes.size() > 2 || bytes.find('\0') != std::string::npos) {
             stop(code_page, "a unit is not one byte or two", unit);
         }
-        std::size_t value = 0;
         for (unsigned char const byte : bytes) {
-            value = value * 0x100 + byte;
+            result.unit[unit] = result.unit[unit] * 0x100 + byte;
         }
-        result.unit[unit] = static_cast<std::uint16_t>(value);
     }
 }
 

@@ -15,7 +15,7 @@
 
 namespace code_page_tools {
 
-using row = std::array<std::uint16_t, 0x100>;
+using row = std::array<std::uint32_t, 0x100>;
 
 // Rows without repetition, in the order of their first use.
 class row_set {
@@ -87,10 +87,10 @@ inline std::string table_source(int code_page, answers const& given) {
     for (std::size_t upper_half = 0; upper_half <= 0xFF; ++upper_half) {
         if (given.is_lead(upper_half)) {
             std::size_t const index = pair_rows.index_of(row_of(given.pair, upper_half));
-            rows_of_leads[upper_half] = static_cast<std::uint16_t>(index + 1);
+            rows_of_leads[upper_half] = static_cast<std::uint32_t>(index + 1);
         }
         rows_of_units[upper_half] =
-            static_cast<std::uint16_t>(unit_rows.index_of(row_of(given.unit, upper_half)));
+            static_cast<std::uint32_t>(unit_rows.index_of(row_of(given.unit, upper_half)));
     }
     bool const has_pairs = !pair_rows.rows().empty();
 
