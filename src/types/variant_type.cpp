@@ -35,7 +35,7 @@ constexpr bool is_text = std::is_class_v<T> && !is_nil<T>;
 template <class T>
 constexpr bool is_integer = std::is_integral_v<T> && !std::is_same_v<T, bool>;
 
-// ---- Text to text -----------------------------------------------------------------------------------------
+// ---- Text to text --------------------------------------------------------------------------------------
 
 // The standard strings come in as the text class of their unit.
 template <class Unit>
@@ -62,7 +62,7 @@ struct encoding<utf32_unit> {
     static ustring32 const& from(ustring32 const& text) { return text; }
 };
 
-// ---- Number to text ---------------------------------------------------------------------------------------
+// ---- Number to text ------------------------------------------------------------------------------------
 
 template <class Unit, class Integer>
 std::basic_string<Unit> decimal_digits(Integer value) {
@@ -113,7 +113,7 @@ wide_string to_wide_text(T const& value) {
     }
 }
 
-// ---- To number and bool -----------------------------------------------------------------------------------
+// ---- To number and bool --------------------------------------------------------------------------------
 
 // Whatever does not fit into 64 bits becomes the smallest 64-bit integer; narrower results keep the low bits.
 template <class Result, class Real>

@@ -38,8 +38,7 @@ std::vector<variant> in_every_text_kind(std::string_view ascii) {
 
 std::string kind_of(variant const& value) { return value.type().name(); }
 
-// ---- The table
-// ---------------------------------------------------------------------------------------------
+// ---- The table -----------------------------------------------------------------------------------------
 
 struct row {
     variant value;
@@ -231,8 +230,7 @@ TEST(variant_conversion, every_kind_of_text_to_everything) {
     }
 }
 
-// ---- Integers
-// ----------------------------------------------------------------------------------------------
+// ---- Integers ------------------------------------------------------------------------------------------
 
 TEST(variant_conversion, long_is_kept_whole) {
     constexpr long smallest = std::numeric_limits<long>::min();
@@ -271,8 +269,7 @@ TEST(variant_conversion, results_have_the_listed_types) {
     EXPECT_TRUE((std::is_same_v<decltype(value.as_utf32()), ustring32>));
 }
 
-// ---- Floating values to integers
-// ---------------------------------------------------------------------------
+// ---- Floating values to integers -----------------------------------------------------------------------
 
 struct cast_row {
     long double value;
@@ -341,8 +338,7 @@ TEST(variant_conversion, a_floating_value_too_large_for_the_result_becomes_infin
     EXPECT_EQ(variant(std::numeric_limits<float>::infinity()).as_string(), "inf");
 }
 
-// ---- Text to integers
-// --------------------------------------------------------------------------------------
+// ---- Text to integers ----------------------------------------------------------------------------------
 
 TEST(variant_conversion, the_radix_is_detected_from_the_text) {
     struct {
@@ -404,8 +400,7 @@ TEST(variant_conversion, the_unsigned_aliases_use_the_signed_parser) {
     }
 }
 
-// ---- Text to bool
-// ------------------------------------------------------------------------------------------
+// ---- Text to bool --------------------------------------------------------------------------------------
 
 TEST(variant_conversion, text_is_true_by_keyword_or_by_number) {
     for (char const* text : {"yes", "on", "true", "YES", "On", "oN", "True", "tRuE", "1", "2", "0x1", "0X10",
@@ -438,8 +433,7 @@ TEST(variant_conversion, a_unit_that_only_resembles_a_letter_makes_no_keyword) {
     EXPECT_FALSE(variant(utf8({0xEF, 'n'})).as_bool());
 }
 
-// ---- Text to floating values
-// -------------------------------------------------------------------------------
+// ---- Text to floating values ---------------------------------------------------------------------------
 
 TEST(variant_conversion, text_of_a_floating_value_is_read_in_full_precision) {
     for (variant const& value : in_every_text_kind("1.2345678901234567 and more")) {
@@ -471,8 +465,7 @@ TEST(variant_conversion, bad_wide_text_is_the_floating_value_minus_one) {
     }
 }
 
-// ---- Text to text
-// ------------------------------------------------------------------------------------------
+// ---- Text to text --------------------------------------------------------------------------------------
 
 // U+0041, U+00E9, U+20AC, U+1F600
 ustring8 const utf8_text = utf8({0x41, 0xC3, 0xA9, 0xE2, 0x82, 0xAC, 0xF0, 0x9F, 0x98, 0x80});
@@ -537,8 +530,7 @@ TEST(variant_conversion, nil_gives_empty_text) {
     EXPECT_TRUE(variant().as_utf32().empty());
 }
 
-// ---- The global locale
-// -------------------------------------------------------------------------------------
+// ---- The global locale ---------------------------------------------------------------------------------
 
 template <class Character>
 class punctuation : public std::numpunct<Character> {

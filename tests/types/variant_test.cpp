@@ -35,8 +35,7 @@ std::string streamed(variant const& value) {
     return stream.str();
 }
 
-// ---- Construction
-// ------------------------------------------------------------------------------------------
+// ---- Construction --------------------------------------------------------------------------------------
 
 template <class T>
 bool holds(variant const& value) {
@@ -163,8 +162,7 @@ TEST(variant, converts_from_values_implicitly) {
     EXPECT_TRUE((std::is_convertible_v<types::nil_t, variant>));
 }
 
-// ---- Copying and assigning
-// ---------------------------------------------------------------------------------
+// ---- Copying and assigning -----------------------------------------------------------------------------
 
 // The text of a wide string shows the address of the held object, so equal texts are one object.
 TEST(variant, copies_share_the_object) {
@@ -239,8 +237,7 @@ TEST(variant, is_copied_without_a_failure) {
     EXPECT_TRUE(std::is_nothrow_move_constructible_v<variant>);
 }
 
-// ---- Comparison
-// --------------------------------------------------------------------------------------------
+// ---- Comparison ----------------------------------------------------------------------------------------
 
 TEST(variant, equals_nil_exactly_when_it_holds_nil) {
     for (variant const& value : {variant(), variant(types::nil)}) {
@@ -274,8 +271,7 @@ TEST(variant, compares_with_nothing_but_nil) {
     EXPECT_FALSE((can_be_ordered<variant const&, types::nil_t const&>));
 }
 
-// ---- Streaming
-// ---------------------------------------------------------------------------------------------
+// ---- Streaming -----------------------------------------------------------------------------------------
 
 TEST(variant, streaming_returns_the_stream) {
     std::ostringstream stream;

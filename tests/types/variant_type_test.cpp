@@ -28,12 +28,12 @@ using pointer = memory::pointers::rc_pointer<variant_type>;
 // Makes the protected count of an object visible.
 struct count_access : variant_type {
     static std::uint32_t count(variant_type const& object) {
-        return (object.*&count_access::get_ref_count)();
+        auto const get_count = &count_access::get_ref_count;
+        return (object.*get_count)();
     }
 };
 
-// ---- The virtual table
-// -------------------------------------------------------------------------------------
+// ---- The virtual table ---------------------------------------------------------------------------------
 
 // By the C++ ABI that both platforms' compilers follow, a pointer to a virtual member function holds the byte
 // offset of its slot, in some of them with the lowest bit set.
@@ -87,8 +87,7 @@ TEST(variant_type, cannot_be_copied_over) {
     EXPECT_FALSE(std::is_copy_assignable_v<variant_value_t<int>>);
 }
 
-// ---- The twenty instantiations
-// -----------------------------------------------------------------------------
+// ---- The twenty instantiations -------------------------------------------------------------------------
 
 template <class T>
 T sample() {

@@ -34,6 +34,9 @@ namespace VELDRIN_2_18::types {
 // Every construction from a value allocates, the nil value too; nothing but exhausted memory throws. There is
 // no moved-from state: moving a variant copies the handle. Handles to one object may be used from several
 // threads as long as no two threads write the same handle.
+//
+// Held 16-bit text that starts with 0xFFFE ends the process when it is transcoded, as strings::utf16_to_utf8
+// does: by the 8- and 32-bit texts, the floating results, and streaming.
 class VELDRIN_EXPORT variant {
 public:
     // Nil.
@@ -43,7 +46,7 @@ public:
     // Shares the other handle's object.
     variant(variant const& other) = default;
 
-    // The held type is the argument's.
+    // The held type is the argument's; a `char` is held as an `int`.
     variant(bool value);
     variant(signed char value);
     variant(unsigned char value);
@@ -98,18 +101,17 @@ public:
     bool operator==(nil_t const&) const { return equal(nil); }
     bool operator!=(nil_t const&) const { return !equal(nil); }
 
-    // Writes the value and returns the stream. Numbers and bool go by the stream's own flags; a character
-    // type
-    // (`signed char`, `unsigned char`) is one character; nil is 0. A `std::string` is written whole, a
-    // `ustring8` up to its first zero byte, and so are the UTF-8 forms of `ustring16` and `ustring32`. A
-    // `wide_string` is written as its type's name and its address.
+    // Writes the value and returns the stream. Numbers and bool go by the stream's own flags, `signed char`
+    // and `unsigned char` are one character, nil is 0. A `std::string` is written whole, a `ustring8` up to
+    // its first zero byte, and so are the UTF-8 forms of `ustring16` and `ustring32`. A `wide_string` is
+    // written as its type's name and its address.
     std::ostream& ostream(std::ostream& stream) const;
 
     // Integers. An integer is cast: truncated, wrapped or sign-extended. A bool is 1 or 0, nil is 0. A
     // floating value is truncated to 64 bits and cast; a NaN, and what 64 bits cannot hold, count as the
-    // smallest 64-bit integer. Text is parsed for the result's type by generic/convert with the radix
-    // detected from it ("0x10",
-    // "\x10", "0b10", "010"): 0 for a text with no number, the nearest limit for a number out of range.
+    // smallest 64-bit integer. Text is parsed for the result's type by generic/convert, with the radix
+    // detected from it ("0x10", "0b10", "010"): a text with no number gives 0, a number out of range the
+    // nearest limit.
     int as_int() const;
     int as_signed() const;
     short as_short() const;
@@ -130,12 +132,11 @@ public:
     unsigned short as_ushort() const;
     std::uint32_t as_ulong() const;
 
-    // True for a number that is not 0 (a NaN is not), for the texts "yes", "on" and "true" in any case, and
-    // for a text that `as_long` reads as not 0. False for nil.
+    // True for a number other than 0, a NaN included; for the texts "yes", "on" and "true" in any case; and
+    // for a text that `as_long` reads as a number other than 0. False for nil.
     bool as_bool() const;
 
-    // A number is cast; a text is read by the global locale, and gives 0 if there is no number in it; nil is
-    // 0.
+    // A number is cast. A text is read by the global locale and gives 0 if it holds no number. Nil is 0.
     float as_float() const;
     double as_double() const;
     long double as_long_double() const;
@@ -143,8 +144,7 @@ public:
     // Text. Integers are decimal digits. Bool ("1", "0") and floating values are what a string stream in its
     // default state makes of them, six significant digits at most, by the global locale: its narrow form,
     // which counts as UTF-8, or for `as_wstring` its wide form. Text is transcoded by
-    // veldrin/strings/unicode.hpp, so bad text becomes "-1" or question marks, and 16-bit text that starts
-    // with 0xFFFE must not come here: its conversion ends the process. Nil is an empty text.
+    // veldrin/strings/unicode.hpp, so bad text becomes "-1" or question marks. Nil is an empty text.
     strings::ustring8 as_string() const;
     strings::wide_string as_wstring() const;
     strings::wide_string as_ustring() const;
