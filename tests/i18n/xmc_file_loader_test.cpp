@@ -1,6 +1,5 @@
 #include "veldrin/i18n/xmc_file_loader.hpp"
 
-#include <filesystem>
 #include <iterator>
 #include <list>
 #include <string>
@@ -10,8 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include "support/ascii_text.hpp"
 #include "support/temporary_directory.hpp"
-#include "support/text_of.hpp"
+#include "support/temporary_working_directory.hpp"
 #include "veldrin/generic/abilities/make_dynamic.hpp"
 
 namespace {
@@ -94,7 +94,8 @@ protected:
             directory.file("a.xmc", "<?xml version='1.0'?><xmc version='1.1'><catalog lang='en'><msg>" +
                                         std::string(content) + "</msg></catalog></xmc>");
         load_error const error = fresh.parse(path, "en");
-        return error.type() == loader_type::no_error ? shown(fresh.catalog_map[""][""]) : error.message();
+        EXPECT_EQ(error.type(), loader_type::no_error) << error.message();
+        return shown(fresh.catalog_map[""][""]);
     }
 
     // With the paths of the files cut down to their names.
@@ -1051,13 +1052,10 @@ TEST_F(xmc_file_loader, understands_both_separators) {
 }
 
 TEST_F(xmc_file_loader, starts_from_the_working_directory_for_a_bare_name) {
-    directory.file("b.xmc", message_file("b"));
-    directory.file("a.xmc", message_file("a", "<include file='b.xmc'/>"));
-    std::filesystem::path const before = std::filesystem::current_path();
-    std::filesystem::current_path(directory.path());
-    load_error const error = loader.parse(ustring8("a.xmc"), "en");
-    std::filesystem::current_path(before);
-    EXPECT_EQ(error.message(), "xmc_file_loader::load_error - No Error");
+    support::temporary_working_directory const here;
+    here->file("b.xmc", message_file("b"));
+    here->file("a.xmc", message_file("a", "<include file='b.xmc'/>"));
+    EXPECT_EQ(loader.parse(ustring8("a.xmc"), "en").type(), loader_type::no_error);
     EXPECT_EQ(loader.base_dir, "./");
     EXPECT_EQ(shown(loader), "c/a=[0:a]\nc/b=[0:b]\n");
 }
