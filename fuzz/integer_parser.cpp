@@ -76,7 +76,7 @@ void check_round_trip(Value value, types::radix_t::base radix, void (*format)(Va
     types::radix_t::base const written =
         radix >= types::radix_t::binary && radix <= types::radix_t::maximum ? radix : types::radix_t::decimal;
     Unit buffer[66];
-    format(value, buffer, written);
+    format(value, buffer, static_cast<unsigned int>(written));
     require(parse(buffer, std::char_traits<Unit>::length(buffer), written, true) == value);
 }
 
