@@ -1032,6 +1032,15 @@ TEST(xml_parser_life, keeps_attribute_names_behind_an_error) {
               (outcome{{"end a"}, parse_error::attribute_redefined, 0, "b"}));
 }
 
+TEST(xml_parser_life, keeps_the_attribute_names_of_the_last_tag_behind_a_success) {
+    recording_parser parser;
+    EXPECT_EQ(parser.finish(parser.parse("<?xml?></a b='1'>")), good({"end a", "attribute b=1"}));
+    EXPECT_EQ(parser.finish(parser.parse("<?xml?></a b='1'>")),
+              (outcome{{"end a"}, parse_error::attribute_redefined, 0, "b"}));
+    EXPECT_EQ(parser.finish(parser.parse("<?xml?><a b='1'></a>")),
+              good({"start a", "attribute b=1", "end a"}));
+}
+
 TEST(xml_parser_life, keeps_a_name_whose_end_was_not_delivered_to_the_end) {
     recording_parser parser;
     auto const recorder = parser.on_element_end;

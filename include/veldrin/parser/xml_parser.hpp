@@ -77,8 +77,8 @@ public:
 
     // Parses the text and gives the first error, or `no_parse_error` at line 0. All events up to an error
     // have been delivered by then. What a delegate throws stops the parse and passes through, except a
-    // `parse_error`, which is returned. The parser can be used again after a success; what a failed parse
-    // left open stays open, so use a new one after an error.
+    // `parse_error`, which is returned. The parser can be used again after a success. What is open, and the
+    // attribute names of the last tag, stay from parse to parse: use a new one after an error.
     const parse_error parse(strings::ustring8 const& text);
 
     // The same over the characters in [first, last), which is not read at or behind `last`.
