@@ -4,14 +4,15 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <string>
 #include <utility>
 #include <vector>
 
+#include "require.hpp"
+#include "text_of_bytes.hpp"
 #include "veldrin/functor/member_function.hpp"
 #include "veldrin/parser/xml_parser.hpp"
 #include "veldrin/parser/xml_token_stream.hpp"
+#include "veldrin/strings/ustring.hpp"
 
 namespace {
 
@@ -21,12 +22,6 @@ using parser::xml_token_stream;
 using strings::ustring8;
 using token = xml_token_stream::token;
 using parse_error = xml_parser::parse_error;
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 // The events as the tokens that they become, without the ends of the attributes.
 using event = std::pair<token::token_type, ustring8>;
@@ -137,7 +132,7 @@ bool has_attribute_without_element(std::vector<event> const& events) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
-    ustring8 const text(reinterpret_cast<char const*>(data), size);
+    ustring8 const text = text_of_bytes<ustring8>(data, size);
     recorder whole;
     whole.parse(text.begin(), text.end());
     require_bounds(whole, text);
