@@ -164,7 +164,7 @@ std::size_t get_utf8_length(char const* text, std::size_t length) {
     if (text == nullptr || length == 0) {
         return 0;
     }
-    return _private::utf8_sequence_length(static_cast<unsigned char>(*text));
+    return utf8_sequence_length(static_cast<unsigned char>(*text));
 }
 
 std::size_t get_utf8_length(unsigned char const* text, std::size_t length) {
