@@ -10,8 +10,8 @@ using strings::ustring8;
 
 namespace {
 
-// Takes the whole units out of the seconds and returns how many there were. The variant's cast has a result for
-// every real: the low 32 bits of the 64-bit integer.
+// Takes the whole units out of the seconds and returns how many there were. The variant's cast has a result
+// for every real: the low 32 bits of the 64-bit integer.
 std::int32_t take(double& seconds, std::int32_t seconds_per_unit) {
     std::int32_t const count = types::variant(seconds).as_int32() / seconds_per_unit;
     seconds -= static_cast<double>(count) * seconds_per_unit;

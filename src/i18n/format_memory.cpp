@@ -54,7 +54,7 @@ ustring8 format_memory(types::variant value, ustring8 const& options, ustring8& 
         return failure_text;
     }
 
-    ustring8 const number =
+    ustring8 number =
         layout.digits == 0
             ? write_whole(move_to_unit(value.as_uint64(), scale, std::uint64_t(1024), last_index))
             : write_real(move_to_unit(value.as_double(), scale, 1024.0, last_index), layout);

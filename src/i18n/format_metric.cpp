@@ -58,7 +58,7 @@ ustring8 format_metric(types::variant value, ustring8 const& options, ustring8& 
     }
 
     // A negative whole number is written as the unsigned one of the same bits.
-    ustring8 const number =
+    ustring8 number =
         layout.digits == 0
             ? write_whole(static_cast<std::uint64_t>(
                   move_to_unit(value.as_int64(), scale, std::int64_t(1000), last_automatic_index)))

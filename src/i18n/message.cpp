@@ -27,9 +27,9 @@ message_t::message_t(ustring8 const& name, std::vector<message_item> const& item
 
 message_t& message_t::assign(message_t const& other) { return *this = other; }
 
-message_t& message_t::assign(types::nil_t const&) { return *this = message_t(); }
+message_t& message_t::assign(types::nil_t const&) { return *this = types::nil; }
 
-message_t& message_t::operator=(types::nil_t const&) { return assign(types::nil); }
+message_t& message_t::operator=(types::nil_t const&) { return *this = message_t(); }
 
 bool message_t::equal(types::nil_t const&) const {
     return m_items.empty() && m_name.empty() && m_meta.empty();
