@@ -29,7 +29,7 @@ struct input {
     input(std::basic_string<Unit> const& text, std::uint8_t length_byte, std::uint8_t radix_byte)
         : units(text.begin(), text.end()),
           length(length_byte < 128 ? text.size() : length_byte % (text.size() + 1)),
-          radix(static_cast<types::radix_t::base>(static_cast<std::int8_t>(radix_byte))) {
+          radix(static_cast<types::radix_t::base>(radix_byte % 40 - 2)) {
         if (length == 0 || length != text.size()) {
             units.push_back(Unit{0});
         }

@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
@@ -20,20 +19,6 @@ using generic::varg_list;
 static_assert(!std::is_polymorphic_v<varg_list>);
 static_assert(std::is_same_v<varg_list::iterator, std::vector<argument>::iterator>);
 static_assert(std::is_same_v<varg_list::const_iterator, std::vector<argument>::const_iterator>);
-
-// Static objects of a user of the header: built before `main` and destroyed behind it, both with a look at
-// the shared nil argument, which must be alive then.
-struct early_user {
-    bool found_nil = varg_list().at("none") == types::nil;
-
-    ~early_user() {
-        if (!(varg_list().at("none") == types::nil) || varg_list().at("none").has_name()) {
-            std::abort();
-        }
-    }
-};
-
-early_user const early;
 
 // "name=value" for each argument, or the value alone for one without a name.
 std::string contents(varg_list const& list) {
@@ -232,8 +217,6 @@ TEST(varg_list, gives_the_shared_nil_argument_for_a_name_that_is_not_there) {
     EXPECT_TRUE(fixed.find("y") == fixed.end());
     EXPECT_TRUE(list.find("y") == list.end());
 }
-
-TEST(varg_list, has_the_shared_nil_argument_before_user_code) { EXPECT_TRUE(early.found_nil); }
 
 TEST(varg_list, gives_arguments_by_index) {
     varg_list list({"x", 1}, argument(2));

@@ -265,9 +265,9 @@ TYPED_TEST(integer_parsers, agree_on_bad_radices) {
 std::string digits_of(wide value, int radix, bool upper_case) {
     std::string digits;
     for (; value != 0; value /= radix) {
-        digits.push_back((upper_case
-                              ? "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"
-                              : "0123456789abcdefghijklmnopqrstuvwxyz")[static_cast<int>(value % radix)]);
+        int const digit = static_cast<int>(value % radix);
+        int const zero_or_letter = digit < 10 ? '0' : (upper_case ? 'A' : 'a') - 10;
+        digits.push_back(static_cast<char>(zero_or_letter + digit));
     }
     return {digits.rbegin(), digits.rend()};
 }
