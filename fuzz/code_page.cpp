@@ -3,15 +3,15 @@
 // that parts convert like the whole, and that a short output is not overrun (under the address sanitizer,
 // since it fits exactly).
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <iterator>
 #include <string>
 #include <vector>
 
 #include "platform/code_page.hpp"
+#include "require.hpp"
+#include "text_of_bytes.hpp"
 #include "veldrin/strings/code_page.hpp"
 #include "veldrin/strings/unicode.hpp"
 
@@ -33,25 +33,9 @@ constexpr code_page::encoding_type encodings[] = {
     code_page::cp_28596,    code_page::cp_28597,   code_page::cp_28598,
     code_page::cp_28599,    code_page::cp_28605};
 
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
-
 template <class Text>
 Text up_to_zero(Text const& text) {
     return Text(text.c_str());
-}
-
-ustring16 text_of(std::string const& bytes) {
-    ustring16 text;
-    for (std::size_t index = 0; index + 1 < bytes.size(); index += 2) {
-        auto const upper = static_cast<unsigned char>(bytes[index]);
-        auto const lower = static_cast<unsigned char>(bytes[index + 1]);
-        text += static_cast<strings::utf16_unit>(upper << 8 | lower);
-    }
-    return text;
 }
 
 bool is_unicode(code_page const& page) { return page.type() <= code_page::utf8; }
@@ -106,7 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     }
     code_page const page(encodings[data[0] % std::size(encodings)]);
     std::string const bytes(reinterpret_cast<char const*>(data + 1), size - 1);
-    ustring16 const text = text_of(bytes);
+    ustring16 const text = text_of_bytes<ustring16>(data + 1, size - 1);
     check_decoding(page, bytes);
     check_encoding(page, text);
     check_parts(page, text, bytes);

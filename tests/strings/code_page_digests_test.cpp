@@ -1,4 +1,4 @@
-// Every unit, byte pair and surrogate pair of every code page, and random bytes, against digests of what the
+// Every unit and byte pair of every code page, surrogate pairs and random bytes, against digests of what the
 // Windows functions answered. tools/code_pages/run makes the digests; they hold on every platform.
 
 #include <gtest/gtest.h>

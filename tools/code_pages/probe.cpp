@@ -84,8 +84,8 @@ void ask_units(int code_page, answers& result) {
         if (bytes.empty() || bytes.size() > 2 || bytes.find('\0') != std::string::npos) {
             stop(code_page, "a unit is not one byte or two", unit);
         }
-        for (unsigned char const byte : bytes) {
-            result.unit[unit] = result.unit[unit] * 0x100 + byte;
+        for (char const byte : bytes) {
+            result.unit[unit] = result.unit[unit] * 0x100 + static_cast<unsigned char>(byte);
         }
     }
 }

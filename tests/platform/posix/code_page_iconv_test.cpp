@@ -82,8 +82,8 @@ std::string bytes_of(std::size_t value) {
 std::uint32_t value_of(std::string const& bytes) {
     EXPECT_LE(bytes.size(), 4u);
     std::uint32_t value = 0;
-    for (unsigned char const byte : bytes) {
-        value = value * 0x100 + byte;
+    for (char const byte : bytes) {
+        value = value * 0x100 + static_cast<unsigned char>(byte);
     }
     return value;
 }
