@@ -1049,6 +1049,8 @@ TEST(xml_parser_life, keeps_a_name_whose_end_was_not_delivered_to_the_end) {
     parser.on_element_end = recorder;
     parser.events.clear();
     // "/>" takes the name away behind its event, an end tag before it.
+    EXPECT_EQ(parser.finish(parser.parse("<?xml?>x")),
+              (outcome{{"character x"}, parse_error::unexpected_eof, 0, ""}));
     EXPECT_EQ(parser.finish(parser.parse("<?xml?></a>")), good({"end a"}));
     parser.on_element_end = functor::function_t<void(ustring8 const&)>(&throw_number);
     EXPECT_THROW(parser.parse("<?xml?><a></a>"), int);
