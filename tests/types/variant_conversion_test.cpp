@@ -420,6 +420,16 @@ TEST(variant_conversion, all_other_text_is_false) {
     }
 }
 
+// The number is read by the 32-bit parser, whose digits wrap behind the exact minimum.
+TEST(variant_conversion, the_number_behind_a_bool_has_32_bits) {
+    for (variant const& value : in_every_text_kind("-21474836480")) {
+        EXPECT_FALSE(value.as_bool()) << kind_of(value);
+    }
+    for (variant const& value : in_every_text_kind("-1280")) {
+        EXPECT_TRUE(value.as_bool()) << kind_of(value);
+    }
+}
+
 TEST(variant_conversion, the_keyword_is_the_whole_text_with_all_its_units) {
     EXPECT_FALSE(variant(std::string("on\0", 3)).as_bool());
     EXPECT_FALSE(variant(utf16({'o', 'n', 0})).as_bool());
