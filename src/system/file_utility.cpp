@@ -46,7 +46,7 @@ int load(platform::path const& path, std::string& contents) {
         return 1;
     }
     file->seekg(0, std::ios_base::end);
-    // An `int`, as settled: what does not fit becomes a length that no string can have.
+    // The contract keeps the size in an `int`: what does not fit becomes a length that no string can have.
     auto const size = static_cast<int>(static_cast<std::streamoff>(file->tellg()));
     contents.assign(static_cast<std::size_t>(size), '\0');
     file->seekg(0, std::ios_base::beg);
@@ -90,7 +90,7 @@ void collect_files(platform::path const& directory, _private::directory_visit co
             collect_files(path, &visit, files);
         }
     } while (platform::next_entry(walk, name));
-    // As settled, it is a second enumeration that is closed; the walk's own has been read to its end.
+    // By contract it is a second enumeration that is closed; the walk's own has been read to its end.
     platform::close_directory(platform::open_directory(directory, name));
 }
 
@@ -107,7 +107,7 @@ std::vector<platform::path> entries_of(platform::path const& directory) {
     if (walk == platform::directory_handle::none) {
         return entries;
     }
-    // The first entry, as settled, is dropped without a look at it.
+    // By contract the first entry is dropped without a look at it.
     while (platform::next_entry(walk, name)) {
         if (!is_special_name(name)) {
             entries.push_back(directory.child(name));

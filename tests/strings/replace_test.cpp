@@ -109,7 +109,7 @@ TEST(replace_all_units, compares_units_and_not_characters) {
     EXPECT_EQ(code_points, support::utf32({0x110000, 0x62, 0x61}));
 }
 
-// The settled steps one by one, in place, on every text of up to seven units of two kinds.
+// The definition step by step, in place, on every text of up to seven units of two kinds.
 std::int32_t replace_step_by_step(std::string& text, std::string const& from, std::string const& to) {
     std::int32_t count = 0;
     for (std::size_t found = text.find(from); found != std::string::npos;

@@ -93,7 +93,7 @@ TYPED_TEST(split_string_at_literal, is_the_same_split) {
     }
 }
 
-// The settled steps one by one, on every text of up to seven units of two kinds, with delimiters that can
+// The definition step by step, on every text of up to seven units of two kinds, with delimiters that can
 // overlap themselves.
 std::vector<std::string> split_step_by_step(std::string const& text, std::string const& delimiter,
                                             int limit) {
