@@ -2,6 +2,7 @@
 //
 // An input is a value of eight bytes, read both as an integer and as a real, and the options behind it.
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -26,7 +27,7 @@ bool consists_of(std::string_view text, std::string_view characters) {
 }
 
 void check_int(std::int64_t value, ustring8 const& options) {
-    ustring8 text = i18n::_private::format_int(value, options);
+    ustring8 const text = i18n::_private::format_int(value, options);
     check(!text.empty() && text.size() <= 65535);
     check(consists_of(text, " -0123456789abcdefox"));
     if (options.empty()) {
@@ -47,7 +48,7 @@ void check_duration(double value, ustring8 const& options) {
 
 using scaling_formatter = ustring8 (*)(types::variant, ustring8 const&, ustring8&);
 
-// Nothing of the unit that was there before is left, and a bad option leaves none at all.
+// Nothing of the unit that was there before is left.
 void check_scaled(scaling_formatter format, types::variant const& value, ustring8 const& options,
                   std::size_t longest_unit) {
     ustring8 unit = "something else";

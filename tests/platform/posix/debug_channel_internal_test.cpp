@@ -1,11 +1,11 @@
 #include "platform/debug_channel.hpp"
 
 #include <atomic>
+#include <chrono>
 #include <csignal>
 #include <string>
 #include <thread>
 
-#include <fcntl.h>
 #include <pthread.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
