@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstring>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -81,6 +82,8 @@ struct error_row {
     std::string message;
     event_list events;
 };
+
+void PrintTo(error_row const& row, std::ostream* out) { *out << row.text; }
 
 class xml_parser_error : public testing::TestWithParam<error_row> {};
 
