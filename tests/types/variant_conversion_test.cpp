@@ -104,6 +104,9 @@ void expect_conversions(row const& expected) {
 
 TEST(variant_conversion, integers_bool_and_nil_to_everything) {
     constexpr std::uint64_t minus_5 = 18446744073709551611U;
+    // Worked out at run time: not every machine has 64 bits of precision.
+    std::uint64_t const volatile greatest = 18446744073709551615U;
+    auto const greatest_as_long_double = static_cast<long double>(greatest);
     // value, int8, int16, int32, int64, uint8, uint16, uint32, uint64, bool, float, double, long double,
     // text, stream
     std::vector<row> const rows = {
@@ -145,7 +148,7 @@ TEST(variant_conversion, integers_bool_and_nil_to_everything) {
          "18446744073709549568", "18446744073709549568"},
         {of<unsigned long long>(18446744073709551615U), -1, -1, -1, -1, 255, 65535, 4294967295,
          18446744073709551615U, true, 18446744073709551616.0F, 18446744073709551616.0,
-         static_cast<long double>(18446744073709551615U), "18446744073709551615", "18446744073709551615"},
+         greatest_as_long_double, "18446744073709551615", "18446744073709551615"},
         // clang-format on
     };
     for (row const& expected : rows) {

@@ -24,10 +24,7 @@ public:
 
     // Copies the flag as a plain value. A class that assigns its bases must not bring this into a live
     // object.
-    alloc_detection_ability& operator=(alloc_detection_ability const& other) {
-        m_created_dynamic = other.m_created_dynamic;
-        return *this;
-    }
+    alloc_detection_ability& operator=(alloc_detection_ability const&) = default;
 
     // True if the object was made by `make_dynamic`.
     bool is_created_dynamic() const { return m_created_dynamic; }
