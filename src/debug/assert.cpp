@@ -3,6 +3,7 @@
 #include <cstdarg>
 #include <cstddef>
 #include <cstdio>
+#include <utility>
 
 namespace VELDRIN_2_18::debug {
 
@@ -10,46 +11,36 @@ namespace {
 
 using hook_delegate = functor::delegate_t<assert_hook_function>;
 
-// Constant-initialised, so that it can be asked before any other object of the program is built; the
-// destructor is the release at process exit, after which an assertion finds no hook.
-class hook_holder {
-public:
-    constexpr hook_holder() = default;
-    hook_holder(hook_holder const&) = delete;
-    hook_holder& operator=(hook_holder const&) = delete;
-    ~hook_holder() { hold(nullptr); }
+// Constant-initialised, so that it can be asked before any other object of the program is built.
+constinit hook_delegate const* assert_hook = nullptr;
 
-    hook_delegate const* get() const { return m_hook; }
+// Nothing is held by the time that the old hook ends, so that its destructor cannot reach it.
+void hold(hook_delegate const* hook) { delete std::exchange(assert_hook, hook); }
 
-    void hold(hook_delegate const* hook) {
-        delete m_hook;
-        m_hook = hook;
-    }
-
-private:
-    hook_delegate const* m_hook = nullptr;
-};
-
-constinit hook_holder assert_hook;
+// The release at process exit. The pointer is no member: a compiler may drop what a destructor writes to its
+// own object, and an assertion that fails later has to find no hook.
+struct hook_release {
+    ~hook_release() { hold(nullptr); }
+} const release_at_exit;
 
 void call_hook(char const* expression, char const* file, unsigned int line) {
-    if (assert_hook.get() != nullptr) {
-        (*assert_hook.get())(expression, file, line);
+    if (assert_hook != nullptr) {
+        (*assert_hook)(expression, file, line);
     }
 }
 
 } // namespace
 
 void set_assert_hook(functor::delegate_t<assert_hook_function> const& hook) {
-    assert_hook.hold(nullptr);
+    hold(nullptr);
     if (!hook.empty()) {
-        assert_hook.hold(new hook_delegate(hook));
+        hold(new hook_delegate(hook));
     }
 }
 
-void set_assert_hook(types::nil_t const&) { assert_hook.hold(nullptr); }
+void set_assert_hook(types::nil_t const&) { hold(nullptr); }
 
-bool is_assert_hook_set() { return assert_hook.get() != nullptr; }
+bool is_assert_hook_set() { return assert_hook != nullptr; }
 
 namespace _private {
 

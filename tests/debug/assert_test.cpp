@@ -77,6 +77,11 @@ TEST_F(assertion, with_a_null_format_has_no_context) {
     EXPECT_EQ(record.expression, "a < b : ");
 }
 
+TEST_F(assertion, with_context_names_a_null_expression) {
+    _______________CONTEXT__ASSERT________________(nullptr, "unit", 1, "function", "context");
+    EXPECT_EQ(record.expression, "(null) : context");
+}
+
 TEST_F(assertion, an_expression_that_fills_the_buffer_is_cut_and_has_no_context) {
     std::string const longest(300, 'e');
     _______________CONTEXT__ASSERT________________(longest.c_str(), "unit", 1, "function", "context");
@@ -114,6 +119,7 @@ TEST_F(assertion, macro_passes_its_expression_once_and_goes_on) {
     EXPECT_EQ(record.calls, 1);
     EXPECT_EQ(record.line, static_cast<unsigned int>(__LINE__ - 2));
     EXPECT_EQ(record.expression, "++evaluated == 1");
+    EXPECT_EQ(record.file, __FILE__);
     EXPECT_EQ(evaluated, 2);
 }
 
@@ -179,6 +185,32 @@ TEST_F(assertion, hook_is_a_clone_that_is_destroyed_when_replaced) {
     EXPECT_EQ(living, 1);
     debug::set_assert_hook(types::nil);
     EXPECT_EQ(living, 0);
+}
+
+// A callable that fails an assertion while it is destroyed.
+class failing_hook
+    : public functor::function_type_interface<void(char const* const, char const* const, unsigned int&)> {
+public:
+    explicit failing_hook(int& calls) : m_calls(calls) {}
+    failing_hook(failing_hook const&) = default;
+    failing_hook& operator=(failing_hook const&) = delete;
+    ~failing_hook() override { VELDRIN_ASSERT(false, "failing_hook::~failing_hook"); }
+
+    void operator()(char const* const, char const* const, unsigned int&) override { ++m_calls; }
+    bool equal(function_type_interface const&) const override { return false; }
+    failing_hook* clone() const override { return new failing_hook(*this); }
+
+private:
+    int& m_calls;
+};
+
+TEST(assertion_in_a_dying_hook, finds_no_hook) {
+    int calls = 0;
+    functor::delegate_t<debug::assert_hook_function> const passing = failing_hook(calls);
+    debug::set_assert_hook(passing);
+    debug::set_assert_hook(passing);
+    debug::set_assert_hook(types::nil);
+    EXPECT_EQ(calls, 0);
 }
 
 } // namespace
