@@ -1,6 +1,8 @@
 #include "veldrin/functor/delegate.hpp"
 
 #include <memory>
+#include <stdexcept>
+#include <string>
 #include <type_traits>
 
 #include <gtest/gtest.h>
@@ -159,6 +161,51 @@ TEST(delegate, forwards_its_arguments) {
     int count = 0;
     EXPECT_EQ(call(std::make_unique<int>(8), count), 8);
     EXPECT_EQ(count, 1);
+}
+
+// Logs when it is cloned and destroyed; a bad one cannot be cloned.
+class logging_call : public functor::function_type_interface<int(int)> {
+public:
+    logging_call(std::string& log, bool is_bad) : m_log(log), m_is_bad(is_bad) {}
+    logging_call(logging_call const&) = default;
+    logging_call& operator=(logging_call const&) = delete;
+    ~logging_call() override { m_log += "destroyed "; }
+
+    int operator()(int value) override { return value; }
+    bool equal(function_type_interface const&) const override { return false; }
+    logging_call* clone() const override {
+        m_log += "cloned ";
+        if (m_is_bad) {
+            throw std::runtime_error("no clone");
+        }
+        return new logging_call(*this);
+    }
+
+private:
+    std::string& m_log;
+    bool m_is_bad;
+};
+
+TEST(delegate, destroys_what_it_held_before_it_clones_the_next) {
+    std::string log;
+    logging_call const good(log, false);
+    functor::delegate_t<int(int)> call(good);
+    EXPECT_EQ(log, "cloned ");
+    log.clear();
+    call = good;
+    EXPECT_EQ(log, "destroyed cloned ");
+    log.clear();
+    call.assign(good);
+    EXPECT_EQ(log, "destroyed cloned ");
+    EXPECT_EQ(call(7), 7);
+}
+
+TEST(delegate, is_left_empty_by_a_callable_that_cannot_be_cloned) {
+    std::string log;
+    logging_call const bad(log, true);
+    functor::delegate_t<int(int)> call = functor::function_t<int(int)>(&twice);
+    EXPECT_THROW(call = bad, std::runtime_error);
+    EXPECT_TRUE(call.empty());
 }
 
 } // namespace

@@ -53,7 +53,10 @@ protected:
     }
     delegate_base& operator=(delegate_base&&) noexcept = default;
 
-    void hold(callable_type const& callable) { m_callable.reset(callable.clone()); }
+    void hold(callable_type const& callable) {
+        release();
+        m_callable.reset(callable.clone());
+    }
     void release() { m_callable.reset(); }
 
 private:
@@ -78,7 +81,8 @@ public:
     delegate_t() = default;
     delegate_t(types::nil_t const&) {}
 
-    // Holds a clone, so the argument may be a temporary. What the callable refers to must stay alive.
+    // Holds a clone, so the argument may be a temporary. What the callable refers to must stay alive. The
+    // callable held before is destroyed first: if the cloning throws, the delegate is left empty.
     delegate_t(callable_type const& callable) : base(callable) {}
 
     delegate_t& operator=(callable_type const& callable) { return assign(callable); }
