@@ -121,15 +121,6 @@ TYPED_TEST(counted_pointer, the_destructor_releases) {
     EXPECT_EQ(this->m_destroyed, 1);
 }
 
-TYPED_TEST(counted_pointer, the_destructor_sets_the_pointer_to_null) {
-    alignas(TypeParam) std::byte storage[sizeof(TypeParam)];
-    auto* const pointer = new (storage) TypeParam(this->on_the_heap());
-    pointer->~TypeParam();
-    EXPECT_EQ(this->m_destroyed, 1);
-    new (storage) TypeParam(); // so that reading the word is reading an object
-    EXPECT_TRUE(pointer->is_null());
-}
-
 TYPED_TEST(counted_pointer, assigning_the_same_object_changes_nothing) {
     TypeParam pointer(this->on_the_heap());
     TypeParam const other(pointer);
@@ -228,6 +219,53 @@ TYPED_TEST(counted_pointer, compares_by_object) {
     EXPECT_TRUE(first != third);
     EXPECT_FALSE(first == third);
     EXPECT_TRUE(first != TypeParam());
+}
+
+// To compare a plain pointer takes no reference to its object, whose first would be its last.
+TYPED_TEST(counted_pointer, compares_with_a_plain_pointer_and_leaves_its_object_alone) {
+    subject* const raw = this->on_the_heap();
+    TypeParam pointer;
+    EXPECT_FALSE(pointer == raw);
+    EXPECT_FALSE(raw == pointer);
+    EXPECT_TRUE(pointer != raw);
+    EXPECT_TRUE(raw != pointer);
+    EXPECT_TRUE(pointer == nullptr);
+    EXPECT_TRUE(nullptr == pointer);
+    EXPECT_EQ(this->m_destroyed, 0);
+    pointer = raw;
+    EXPECT_TRUE(pointer == raw);
+    EXPECT_TRUE(raw == pointer);
+    EXPECT_FALSE(pointer != raw);
+    EXPECT_FALSE(raw != pointer);
+    EXPECT_TRUE(pointer != nullptr);
+    EXPECT_TRUE(nullptr != pointer);
+    EXPECT_EQ(raw->get_ref_count(), 1U);
+}
+
+// Knows its holder and looks at it in its last moment.
+template <template <class> class Pointer>
+struct looking_back : abilities::reference_count_pointer_ability<looking_back<Pointer>> {
+    looking_back(Pointer<looking_back> const& its_holder, bool& found_empty)
+        : holder(its_holder), holder_was_empty(found_empty) {}
+    virtual ~looking_back() { holder_was_empty = holder.is_null(); }
+
+    Pointer<looking_back> const& holder;
+    bool& holder_was_empty;
+};
+
+template <template <class> class Pointer>
+bool dying_object_finds_its_holder_empty() {
+    bool was_empty = false;
+    {
+        Pointer<looking_back<Pointer>> holder;
+        holder = abilities::make_dynamic<looking_back<Pointer>>(holder, was_empty);
+    }
+    return was_empty;
+}
+
+TEST(counted_pointer_destructor, is_null_while_the_object_goes) {
+    EXPECT_TRUE(dying_object_finds_its_holder_empty<pointers::rc_pointer>());
+    EXPECT_TRUE(dying_object_finds_its_holder_empty<pointers::shared_pointer>());
 }
 
 // The object held is the only thing that keeps the next one alive.

@@ -82,6 +82,13 @@ public:
         return left.m_object != right.m_object;
     }
 
+    // A plain pointer is compared as it is: a counted one made of it would destroy an object that nothing
+    // refers to yet.
+    friend bool operator==(counted_pointer const& left, T const* right) { return left.m_object == right; }
+    friend bool operator==(T const* left, counted_pointer const& right) { return left == right.m_object; }
+    friend bool operator!=(counted_pointer const& left, T const* right) { return left.m_object != right; }
+    friend bool operator!=(T const* left, counted_pointer const& right) { return left != right.m_object; }
+
 private:
     void take(T* object) noexcept {
         m_object = object;
