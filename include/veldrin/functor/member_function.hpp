@@ -2,9 +2,9 @@
 //
 // A callable that calls a member function on an object.
 //
-//     counter tally;
-//     functor::delegate_t<void(int)> add = functor::member_function_t<counter, void(int)>(&tally,
-//     &counter::add); add(3);    // tally.add(3)
+//     using counter_call = functor::member_function_t<counter, void(int)>;
+//     functor::delegate_t<void(int)> add = counter_call(&tally, &counter::add);
+//     add(3);    // tally.add(3)
 
 #pragma once
 

@@ -69,8 +69,7 @@ VELDRIN_EXPORT ustring16 utf32_to_utf16(ustring32 const& text);
 // ----------------------------------------------------------------------------------------------------------
 
 // The code point of the character that begins at unit `index` of a text of `length` units; `units` gets the
-// number of units it takes. On failure (`index` not below `length`, or no whole character there) the result
-// is
+// number of units it takes. On failure, `index` not below `length` or no whole character there, the result is
 // '?' and `units` is `std::size_t(-1)`. UTF-8 is checked as in `utf8_to_utf32`, UTF-16 for paired surrogates,
 // and a 32-bit unit is returned as it stands.
 VELDRIN_EXPORT utf32_unit unichar(char const* text, std::size_t length, std::size_t index,
