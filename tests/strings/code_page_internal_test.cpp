@@ -26,7 +26,7 @@ struct platform_call {
 
 std::vector<platform_call> calls;
 
-// What the next call answers: the text, or failure for an empty pointer.
+// What the calls answer.
 constexpr char fake_output[] = "xyz";
 bool platform_fails = false;
 

@@ -1,6 +1,7 @@
 #include "platform/code_page.hpp"
 
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 
 #include "platform/posix/code_pages/tables.hpp"
