@@ -1,6 +1,7 @@
 #include "veldrin/parser/xml_parser.hpp"
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "veldrin/generic/convert/str_to_x.hpp"

@@ -1,6 +1,8 @@
 #include "veldrin/parser/xml_parser.hpp"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <ostream>

@@ -1,5 +1,6 @@
 #include "veldrin/parser/xml_token_stream.hpp"
 
+#include <iterator>
 #include <memory>
 #include <ostream>
 #include <string>
