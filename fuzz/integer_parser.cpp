@@ -1,5 +1,5 @@
 // The integer parsers, on the input as 8-, 16- and 32-bit text: as whole units, and as one unit a byte. The
-// first byte is the radix, the second says how the length is given, the rest is the text.
+// first byte gives the radix, -2 to 37, the second says how the length is given, the rest is the text.
 
 #include <algorithm>
 #include <cstddef>

@@ -718,7 +718,7 @@ TEST(integer_formatters, agree_with_the_standard_library_and_with_the_parsers) {
         values.push_back(value);
     }
     for (int bit = 8; bit < 64; ++bit) {
-        for (std::uint64_t const offset : {0, 1, 2}) {
+        for (std::uint64_t const offset : {0u, 1u, 2u}) {
             values.push_back((std::uint64_t{1} << bit) - offset);
             values.push_back(0 - (std::uint64_t{1} << bit) + offset);
         }
