@@ -1,7 +1,9 @@
 #include "veldrin/i18n/xmc_file_loader.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "i18n/language_name.hpp"
@@ -33,6 +35,28 @@ constexpr int maximum_include_depth = 256;
 
 // Stands between the parts of an argument's specification.
 constexpr char option_separator = '\x01';
+
+struct argument_type {
+    std::string_view keyword;
+    message_item::type_t type;
+};
+
+constexpr argument_type argument_types[] = {
+    {"value", message_item::value_type},
+    {"string", message_item::string_type},
+    {"number", message_item::number_type},
+    {"int", message_item::int_type},
+    {"double", message_item::double_type},
+    {"time", message_item::time_type},
+    {"date", message_item::date_type},
+    {"memory", message_item::memory_type},
+    {"mem", message_item::memory_type},
+    {"memory_unit", message_item::memory_unit_type},
+    {"mem_unit", message_item::memory_unit_type},
+    {"metric", message_item::metric_type},
+    {"metric_unit", message_item::metric_unit_type},
+    {"duration", message_item::duration_type},
+};
 
 // ----------------------------------------------------------------------------------------------------------
 // Texts of errors
@@ -110,7 +134,8 @@ void skip_start_of(char const* element, xmc_file_loader::error_type otherwise, t
 }
 
 // The attributes of `catalog` and of `msg`: `name` and one other, which is returned. Only the values of the
-// tokens are looked at, so a comment that got in front of the end of the attributes is taken for one.
+// tokens are looked at, so a comment that got in front of the end of the attributes is taken for one. What is
+// behind them is left unseen, and may be the end of the list.
 ustring8 parse_name_and(char const* other_attribute, ustring8& name, token_position& position,
                         token_position const& end) {
     ustring8 other;
@@ -123,7 +148,7 @@ ustring8 parse_name_and(char const* other_attribute, ustring8& name, token_posit
         (attribute == "name" ? name : other) = position->value();
         advance(position, end);
     }
-    advance(position, end);
+    ++position;
     return other;
 }
 
@@ -570,24 +595,11 @@ message_item xmc_file_loader::parse_message_arg(token_position& position, token_
 }
 
 message_item::type_t xmc_file_loader::parse_message_type(ustring8 const& keyword) {
-    static std::map<ustring8, message_item::type_t> const types = {
-        {"value", message_item::value_type},
-        {"string", message_item::string_type},
-        {"number", message_item::number_type},
-        {"int", message_item::int_type},
-        {"double", message_item::double_type},
-        {"time", message_item::time_type},
-        {"date", message_item::date_type},
-        {"memory", message_item::memory_type},
-        {"mem", message_item::memory_type},
-        {"memory_unit", message_item::memory_unit_type},
-        {"mem_unit", message_item::memory_unit_type},
-        {"metric", message_item::metric_type},
-        {"metric_unit", message_item::metric_unit_type},
-        {"duration", message_item::duration_type},
-    };
-    auto const found = types.find(strings::to_lower(keyword));
-    return found == types.end() ? message_item::string_type : found->second;
+    ustring8 const wanted = strings::to_lower(keyword);
+    auto const* const found =
+        std::find_if(std::begin(argument_types), std::end(argument_types),
+                     [&](argument_type const& known) { return known.keyword == wanted; });
+    return found == std::end(argument_types) ? message_item::string_type : found->type;
 }
 
 void xmc_file_loader::parse_ignorable(token_position& position, token_position const& end) {
