@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <type_traits>
 
 namespace VELDRIN_2_18::strings {
 
@@ -18,7 +19,7 @@ Text changed(Text text, std::uint64_t first, std::uint64_t last, change_function
     using unit = typename Text::value_type;
     std::uint64_t const end = std::min<std::uint64_t>(last, text.size());
     for (std::uint64_t index = first; index < end; ++index) {
-        auto const value = static_cast<std::uint32_t>(text[index]);
+        auto const value = static_cast<std::make_unsigned_t<unit>>(text[index]);
         if (value <= last_value_to_change<unit>) {
             text[index] = static_cast<unit>(change(static_cast<int>(value)));
         }
