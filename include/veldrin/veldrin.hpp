@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "veldrin/config.hpp"
 #include "veldrin/foundation.hpp"
 #include "veldrin/generic.hpp"
 #include "veldrin/i18n.hpp"
