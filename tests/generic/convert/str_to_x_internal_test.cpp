@@ -7,31 +7,13 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <new>
+#include <string>
 #include <string_view>
 
 #include "generic/convert/integer_parsers.hpp"
-#include "support/text.hpp"
+#include "support/allocations.hpp"
+#include "support/ascii_text.hpp"
 #include "veldrin/exceptions/runtime_error.hpp"
-
-namespace {
-
-std::size_t allocations = 0;
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* const memory = std::malloc(size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
-
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
 
@@ -43,31 +25,31 @@ TEST(integer_parsers, allocate_nothing_on_any_way_to_a_value) {
           "\\17", "99999999999999999999999999999999999999999999",
           "-99999999999999999999999999999999999999999999"}) {
         support::for_each_integer_overload([&](auto unit, auto const& overloads) {
-            auto const text = support::text_of<decltype(unit)>(bytes);
+            auto const text = support::text_of<std::basic_string<decltype(unit)>>(bytes);
             auto const parse = overloads.template over<decltype(unit)>();
-            std::size_t const before = allocations;
+            std::size_t const before = support::allocations;
             parse(text.c_str(), text.size(), types::radix_t::detect, false);
             parse(text.c_str(), 0, types::radix_t::maximum, false);
-            EXPECT_EQ(allocations, before) << overloads.name << " of " << bytes;
+            EXPECT_EQ(support::allocations, before) << overloads.name << " of " << bytes;
         });
     }
 }
 
 TEST(integer_parsers, allocate_for_a_failure) {
-    std::size_t const before = allocations;
+    std::size_t const before = support::allocations;
     EXPECT_THROW(generic::convert::str_to_uint8("256", 3, types::radix_t::decimal, true),
                  exceptions::overflow_error);
-    EXPECT_GT(allocations, before);
+    EXPECT_GT(support::allocations, before);
 }
 
 TEST(integer_formatters, allocate_nothing) {
     strings::utf32_unit buffer[66];
-    std::size_t const before = allocations;
+    std::size_t const before = support::allocations;
     generic::convert::ltoa(-5, buffer, 2);
     generic::convert::ultoa(5, buffer, 10);
     generic::convert::lltoa(INT64_MIN, buffer, 2);
     generic::convert::ulltoa(UINT64_MAX, buffer, 36);
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(support::allocations, before);
 }
 
 } // namespace

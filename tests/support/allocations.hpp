@@ -1,0 +1,33 @@
+// Counts what a program allocates by `new`, and lets it run out of memory. For the one source of a test
+// program; the library's own allocations are seen on every platform where the program links it in
+// (`*_internal_test.cpp`).
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+
+namespace support {
+
+inline std::size_t allocations = 0;
+
+// The allocation behind so many others throws `std::bad_alloc`, and so do all that follow.
+inline std::size_t allocations_left = SIZE_MAX;
+
+} // namespace support
+
+[[gnu::noinline]] void* operator new(std::size_t size) {
+    void* const memory = support::allocations_left == 0 ? nullptr : std::malloc(size);
+    if (memory == nullptr) {
+        throw std::bad_alloc();
+    }
+    --support::allocations_left;
+    ++support::allocations;
+    return memory;
+}
+
+[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
+
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
