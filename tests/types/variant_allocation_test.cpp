@@ -1,32 +1,14 @@
 // How often the variant goes to the allocator.
 
-#include <cstdlib>
-#include <new>
+#include <cstddef>
 #include <string>
 #include <utility>
 
 #include <gtest/gtest.h>
 
+#include "support/allocations.hpp"
 #include "support/unit_texts.hpp"
 #include "veldrin/types/variant.hpp"
-
-namespace {
-
-std::size_t allocations = 0;
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* const memory = std::malloc(size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept { std::free(memory); }
-
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
 
@@ -35,9 +17,9 @@ using types::variant;
 
 template <class Action>
 std::size_t allocations_of(Action action) {
-    std::size_t const before = allocations;
+    std::size_t const before = support::allocations;
     action();
-    return allocations - before;
+    return support::allocations - before;
 }
 
 TEST(variant_allocation, every_construction_from_a_value_allocates_once) {
