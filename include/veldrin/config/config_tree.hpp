@@ -103,8 +103,11 @@ protected:
     entry_type entry;
 
 private:
+    template <class Enter, class Leave>
+    static void walk(config_tree const& top, Enter enter, Leave leave);
+
     config_tree const* find(std::string_view key) const;
-    config_tree& child(strings::ustring8 const& name);
+    config_tree& child_named(strings::ustring8 const& name);
     void copy_children(config_tree const& source);
 };
 
