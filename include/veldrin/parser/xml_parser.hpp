@@ -3,13 +3,12 @@
 // A small event parser for a strict subset of XML that lies in memory as UTF-8: it walks the text once, calls
 // a delegate for each thing it meets, and returns the first error as a value. There is no tree and no
 // document type; processing instructions are rejected. A text starts with an XML header, whose content is not
-// read.
+// read; three bytes of any kind may stand in front of it, as a byte order mark does.
 //
 //     parser::xml_parser parser;
 //     parser.on_character = functor::function_t<void(strings::ustring8 const&)>(&print);
 //     auto const error = parser.parse("<?xml version='1.0'?><greeting>Hello</greeting>");   // prints "Hello"
-//     error.type();                                               //
-//     parser::xml_parser::parse_error::no_parse_error
+//     error.type();                                                                         // no_parse_error
 
 #pragma once
 
@@ -85,14 +84,16 @@ public:
     const parse_error parse(iterator first, iterator last);
 
     // The events, each dropped while its delegate is empty. The arguments are valid during the call. A
-    // delegate must not assign or destroy the parser that calls it, or parse with it.
+    // delegate must not assign or destroy the parser that calls it, or parse with it, or replace itself.
     text_delegate on_element_start;  // the name, when "<name" has been read
-    text_delegate on_element_end;    // the name, when "</name" or "/>" has been read
+    text_delegate on_element_end;    // the name, when "</name", open or not, or "/>" has been read
     attribute_delegate on_attribute; // name and value, references in the value replaced
     text_delegate on_character;      // a run of text, references replaced; or a CDATA section as it stands
-    text_delegate on_space;          // white space outside tags: in front of text, or two and more of it
+    text_delegate on_space;          // white space outside tags, if it does not belong to a run of text
     text_delegate on_comment;        // the text between "<!--" and "-->" as it stands
-    // A CDATA section or comment has the white space directly before it in front of its text once more.
+    // A white-space character that stands alone behind a character of text belongs to the run; two in a row
+    // end it. A CDATA section or comment directly behind an `on_space` has that white space in front of its
+    // text once more.
 
 protected:
     using position = char const*;
