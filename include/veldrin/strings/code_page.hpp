@@ -1,8 +1,7 @@
 // File: veldrin/strings/code_page.hpp
 //
 // The bridge between the three text classes and bytes in a legacy encoding. A `code_page` is a small value
-// that names one encoding; it may be copied and compared freely, holds no other state, and may be used from
-// any number of threads.
+// that names one encoding and holds no other state; any number of threads may convert with the same one.
 //
 //     strings::code_page page(strings::code_page::cp_1252);
 //     page.encode(strings::ustring8("\xE2\x82\xAC 5"));   // "\x80 5": the euro sign has one byte there
