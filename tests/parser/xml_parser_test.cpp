@@ -610,6 +610,21 @@ TEST(xml_parser_line, is_zero_after_a_success) { EXPECT_EQ(parse_body("\n\n<a>\n
 
 // ---- Protected tools --------------------------------------------------------------------------------------
 
+template <class Parser>
+concept offers_a_tool = requires(Parser& parser, char const*& position) {
+    parser.do_parse(position, position);
+}
+|| requires(Parser& parser, char const*& position) { parser.parse_name(position, position); }
+|| requires(Parser& parser, char const*& position) { parser.parse_attrib_value(position, position); }
+|| requires(Parser& parser, char const*& position) { parser.parse_character(position, position); }
+|| requires(Parser& parser, char const*& position) { parser.parse_whitespace(position, position); }
+|| requires(Parser& parser, char const* position) { parser.is_white_space(position); };
+
+TEST(xml_parser_tool, is_for_derived_classes) {
+    static_assert(!offers_a_tool<xml_parser>);
+    static_assert(offers_a_tool<recording_parser>);
+}
+
 struct tool_result {
     std::string text;
     std::ptrdiff_t position;
@@ -731,8 +746,7 @@ TEST(xml_parser_tool, do_parse_advances_the_position) {
     EXPECT_EQ(position - text.data(), 10);
 }
 
-// ---- Every end
-// ----------------------------------------------------------------------------------------------
+// ---- Every end ----------------------------------------------------------------------------------------
 
 // Parses by pointer a copy on the heap that ends where the text ends, so that a sanitizer sees a read behind
 // it.
@@ -857,8 +871,7 @@ TEST(xml_parser_cut, gives_what_the_model_gives_and_reads_nothing_behind_the_cut
     }
 }
 
-// ---- Every small text
-// ---------------------------------------------------------------------------------------
+// ---- Every small text ---------------------------------------------------------------------------------
 
 TEST(xml_parser_exhaustive, gives_what_the_model_gives_for_every_changed_byte) {
     std::string const document = rich_document();
@@ -929,8 +942,7 @@ TEST(xml_parser_exhaustive, gives_what_the_model_gives_for_every_small_reference
     expect_what_the_model_gives("<?xml?><a b='&", "amp;gt'", 4, "'/>");
 }
 
-// ---- Delegates
-// ------------------------------------------------------------------------------------------------
+// ---- Delegates ----------------------------------------------------------------------------------------
 
 TEST(xml_parser_delegates, may_be_missing) {
     xml_parser parser;
@@ -987,8 +999,7 @@ TEST(xml_parser_delegates, may_end_the_parse_with_an_error_of_their_own) {
               (outcome{{"character x"}, parse_error::unknown_entity, 77, "name"}));
 }
 
-// ---- A parser's life
-// ----------------------------------------------------------------------------------------
+// ---- A parser's life ----------------------------------------------------------------------------------
 
 TEST(xml_parser_life, leaves_the_text_untouched) {
     ustring8 const text = rich_document();
@@ -1089,6 +1100,26 @@ TEST(xml_parser_life, copies_clone_the_delegates_and_the_state) {
     EXPECT_EQ(source.parse("<?xml?>w</a>").type(), parse_error::no_parse_error);
     EXPECT_EQ(first.text, "xyz");
     EXPECT_EQ(second.text, "w");
+}
+
+TEST(xml_parser_life, copies_clone_every_delegate) {
+    outcome const expected = veldrin_tests::parse(rich_document());
+    recording_parser source;
+    xml_parser copy(static_cast<xml_parser const&>(source));
+    EXPECT_EQ(source.finish(copy.parse(rich_document())), expected);
+    xml_parser assigned;
+    assigned = static_cast<xml_parser const&>(source);
+    EXPECT_EQ(source.finish(assigned.parse(rich_document())), expected);
+}
+
+TEST(xml_parser_life, copies_know_the_attribute_names_of_the_last_tag) {
+    xml_parser source;
+    EXPECT_EQ(source.parse("<?xml?></a b='1'>").type(), parse_error::no_parse_error);
+    xml_parser copy(source);
+    xml_parser assigned;
+    assigned = source;
+    EXPECT_EQ(copy.parse("<?xml?></a b='1'>").type(), parse_error::attribute_redefined);
+    EXPECT_EQ(assigned.parse("<?xml?></a b='1'>").type(), parse_error::attribute_redefined);
 }
 
 } // namespace

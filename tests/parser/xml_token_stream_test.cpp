@@ -63,6 +63,27 @@ TEST(token, is_a_value) {
     EXPECT_EQ(copy.value(), "text");
 }
 
+template <class Stream>
+concept offers_an_event = requires(Stream& stream, ustring8 const& text) {
+    stream.on_element_start(text);
+}
+|| requires(Stream& stream, ustring8 const& text) { stream.on_element_end(text); }
+|| requires(Stream& stream, ustring8 const& text) { stream.on_attribute(text, text); }
+|| requires(Stream& stream, ustring8 const& text) { stream.on_character(text); }
+|| requires(Stream& stream, ustring8 const& text) { stream.on_space(text); }
+|| requires(Stream& stream, ustring8 const& text) { stream.on_comment(text); };
+
+// Reaches a protected member.
+class open_token_stream : public xml_token_stream {
+public:
+    using xml_token_stream::on_comment;
+};
+
+TEST(xml_token_stream, events_are_for_derived_classes) {
+    static_assert(!offers_an_event<xml_token_stream>);
+    static_assert(offers_an_event<open_token_stream>);
+}
+
 TEST(xml_token_stream, is_empty_at_first) {
     xml_token_stream const stream;
     EXPECT_EQ(stream.size(), 0U);
@@ -221,6 +242,15 @@ TEST(xml_token_stream, copies_its_tokens) {
     source.reset();
     EXPECT_EQ(values_of(copy), values);
     EXPECT_EQ(values_of(assigned), values);
+}
+
+TEST(xml_token_stream, assigned_to_itself_stays_as_it_is) {
+    xml_token_stream stream;
+    stream.parse("<?xml?><a/>");
+    stream = static_cast<xml_token_stream const&>(stream);
+    EXPECT_EQ(stream.size(), 3U);
+    EXPECT_EQ(stream.parse("<?xml?><b/>").type(), parse_error::no_parse_error);
+    EXPECT_EQ(stream.size(), 6U);
 }
 
 TEST(xml_token_stream, copies_go_on_calling_the_source) {
