@@ -69,8 +69,9 @@ private:
     std::unordered_map<directory_handle, enumeration> m_enumerations;
 };
 
+// Never destroyed: objects that are older than the table walk directories in their destructors too.
 enumeration_table& enumerations() {
-    static enumeration_table table;
+    static enumeration_table& table = *new enumeration_table;
     return table;
 }
 

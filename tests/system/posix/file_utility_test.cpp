@@ -4,6 +4,8 @@
 #include "veldrin/system/file_utility.hpp"
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -202,6 +204,33 @@ TEST_F(posix_files, an_empty_directory_path_is_the_root) {
         }
     }
     EXPECT_EQ(system::list_directory(ustring8()), expected);
+}
+
+ustring8 walked_at_exit;
+
+// Built before the library was used, and so destroyed behind everything that it built for itself.
+struct late_object {
+    ~late_object() {
+        if (!walked_at_exit.empty()) {
+            for (ustring8 const& file : files_below(walked_at_exit)) {
+                std::fprintf(stderr, "%s\n", file.c_str());
+            }
+            std::_Exit(3);
+        }
+    }
+};
+
+late_object const outlives_the_walks;
+
+void walk_and_exit() {
+    files_below("top");
+    walked_at_exit = "top";
+    std::exit(0);
+}
+
+TEST_F(posix_files, destructors_of_static_objects_may_walk) {
+    directory->file("top/a/file");
+    EXPECT_EXIT(walk_and_exit(), testing::ExitedWithCode(3), "^top/a/file\n$");
 }
 
 TEST_F(posix_files, a_deep_tree_is_walked_to_its_end) {
