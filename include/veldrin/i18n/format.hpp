@@ -24,24 +24,26 @@ namespace VELDRIN_2_18::i18n::_private {
 // `fieldsize` (in characters; 0, the default, is none).
 //
 // 255 is "255", "0x00ff", "o377" or "11111111b", and 1234567 in spaced form "1 234 567". Other radices than
-// 10 show a negative value as its complement in as many digits as it takes to show the sign, or as the field
-// has. A decimal is never padded; all others are padded to the field size with zeros, unless negative. A
-// number that does not fit the field gives "-0".
+// 10 show a negative value as its complement: in as many digits as it takes to show the sign, or as the field
+// has, or, where the field has fewer than the value, as the value has. A decimal is never padded; all others
+// are padded to the field size with zeros, unless negative. Without a field hexadecimal digits come in
+// multiples of four. A number that does not fit the field gives "-0".
 VELDRIN_EXPORT strings::ustring8 format_int(std::int64_t value, strings::ustring8 const& options);
 
 // Keys, in order of matching: `precision` (digits behind the point, default 2) and `fieldsize` (in
 // characters; 0, the default, is none).
 //
 // Fixed notation, right-aligned in the field. A number that is too wide for its field is written in exponent
-// form and cut to the field. A fixed text of more than 63 characters gives "-0". The decimal point is the one
-// of the C locale.
+// form and cut to the field. A text that has more than 63 characters before it is cut gives "-0". The
+// decimal point is the one that `setlocale` has set.
 VELDRIN_EXPORT strings::ustring8 format_double(double value, strings::ustring8 const& options);
 
 // The value counts seconds. Keys, in order of matching: `precision` (of the seconds, default 2) and
 // `short_form` ("true", "false"; default "false").
 //
 // 93784.5 is "1 dy 2 hr 3 min 4.50 sec", in short form "1d 2h 3m 4.50s". Leading parts that are 0 are left
-// out. Where the seconds cannot be formatted, "-0" stands in their place.
+// out; parts of a negative value are negative. The whole seconds are counted in 32 bits, which wrap. Where
+// the seconds cannot be formatted, "-0" stands in their place.
 VELDRIN_EXPORT strings::ustring8 format_duration(double value, strings::ustring8 const& options);
 
 // Keys, in order of matching: `target_unit` ("any", which means bytes, or a unit), `base_unit` (the unit of
@@ -50,7 +52,8 @@ VELDRIN_EXPORT strings::ustring8 format_duration(double value, strings::ustring8
 // GB, TB, PB, EB, ZB and YB, in steps of 1024; what stands behind them is ignored.
 //
 // Returns the number and puts the unit's name into `unit`. Without a target the unit is chosen so that the
-// number is below 1024. `unit` is emptied first.
+// number is below 1024, as far as YB goes. A whole number is taken as an unsigned 64-bit one. `unit` is
+// emptied first and stays empty where an option is bad.
 VELDRIN_EXPORT strings::ustring8 format_memory(types::variant value, strings::ustring8 const& options,
                                                strings::ustring8& unit);
 
