@@ -3,8 +3,7 @@
 //
 //     messages CATALOG_DIRECTORY            a table of all languages
 //     messages CATALOG_DIRECTORY LANGUAGE   one language, falling back where it lacks a text
-//     messages --check FILE                 what stands in a catalogue file, or everything that is wrong with
-//     it
+//     messages --check FILE                 what stands in a catalogue file, or all that is wrong with it
 
 #include <iostream>
 #include <string>

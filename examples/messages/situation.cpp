@@ -87,8 +87,7 @@ bool print_table(std::ostream& out, std::vector<ustring8> const& files) {
         }
     }
 
-    // Each language has at least the English and the neutral texts, so the first store names all that there
-    // is.
+    // A message may stand in one language alone, so the names come from a store that has them all.
     message_catalogs everything;
     for (ustring8 const& language : languages) {
         if (!load(everything, files, language)) {

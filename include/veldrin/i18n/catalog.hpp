@@ -4,8 +4,9 @@
 // prints as the empty text. Catalogues are counted objects: stores share them by `shared_pointer`, and a copy
 // of a catalogue is a new object with a count of its own.
 //
-//     i18n::catalog_t status("status", {}, {{"idle", i18n::message_t("idle", {i18n::message_item("At
-//     rest")})}}); status.message("idle").as_utf8(generic::varg_list());   // "At rest"
+//     i18n::catalog_t status;
+//     status.message("idle", i18n::message_t("idle", {i18n::message_item("At rest")}));
+//     status.message("idle").as_utf8(generic::varg_list());   // "At rest"
 //     status.message("busy") == types::nil;                   // true
 
 #pragma once
