@@ -264,8 +264,9 @@ TEST(format_int, refuses_field_sizes_beyond_the_limit) {
                  {1, "fieldsize=65536,fieldsize=0", "-0"}});
 }
 
-// ---- The complement against a plain model
-// -------------------------------------------------------------------
+// ----------------------------------------------------------------------------------------------------------
+// The complement against a plain model
+// ----------------------------------------------------------------------------------------------------------
 
 struct model_base {
     std::string keyword;

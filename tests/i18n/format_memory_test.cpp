@@ -216,6 +216,7 @@ TEST(format_memory, takes_any_beginning_of_a_key) {
 
 TEST(format_memory, takes_the_last_of_several_options) {
     expect_rows({{4096, "target_unit=MB,target_unit=KB", "4", "KB"},
+                 {4096, "target_unit=MB,target_unit=any", "4096", "B"},
                  {4096, "base_unit=MB,base_unit=B", "4", "KB"},
                  {4096, "base_unit=MB,base_unit=default", "4", "KB"},
                  {1536, "precision=3,precision=0", "1", "KB"},

@@ -206,6 +206,8 @@ TEST(format_metric, takes_any_beginning_of_a_key) {
 
 TEST(format_metric, takes_the_last_of_several_options) {
     expect_rows({{1500, "target_unit=M,target_unit=k", "1.500", "k"},
+                 {1500, "target_unit=M,target_unit=base", "1500.000", ""},
+                 {1500, "short_form=false,short_form=true", "1.500", "k"},
                  {1500, "base_unit=M,base_unit=base", "1.500", "k"},
                  {1500, "precision=0,precision=1", "1.5", "k"},
                  {1500, "fieldsize=20,fieldsize=6", " 1.500", "k"}});

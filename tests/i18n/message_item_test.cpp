@@ -57,6 +57,13 @@ TEST(message_item, literal_text_is_not_split) {
     EXPECT_EQ(item.name(), "a");
 }
 
+TEST(message_item, literal_text_keeps_zero_bytes) {
+    strings::ustring8 const text("a\0b", 3);
+    EXPECT_EQ(message_item(text).as_string(varg_list()), text);
+    EXPECT_EQ(message_item(text).data(), text);
+    EXPECT_EQ(message_item(text).name(), text);
+}
+
 TEST(message_item, name_is_what_stands_before_the_options) {
     EXPECT_EQ(argument_item("size", message_item::int_type).name(), "size");
     EXPECT_EQ(argument_item("size=base=hex", message_item::int_type).name(), "size");

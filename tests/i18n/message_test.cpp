@@ -24,8 +24,9 @@ std::vector<message_item> copied_items() {
 
 varg_list copied_args() { return varg_list(argument("file", "caf\xC3\xA9"), argument("count", 3)); }
 
-// ---- Construction and assignment
-// ----------------------------------------------------------------------------
+// ----------------------------------------------------------------------------------------------------------
+// Construction and assignment
+// ----------------------------------------------------------------------------------------------------------
 
 TEST(message, default_and_nil_are_the_nil_message) {
     for (message_t const& message : {message_t(), message_t(types::nil)}) {
@@ -112,8 +113,9 @@ TEST(message, assigned_nil_empties_all_fields) {
     }
 }
 
-// ---- Fields
-// -------------------------------------------------------------------------------------------------
+// ----------------------------------------------------------------------------------------------------------
+// Fields
+// ----------------------------------------------------------------------------------------------------------
 
 TEST(message, setters_return_the_new_value) {
     message_t message;
@@ -151,8 +153,9 @@ TEST(message, iterates_over_its_items_in_order) {
     EXPECT_EQ(message.as_string(varg_list()), "xxxx");
 }
 
-// ---- Text
-// ---------------------------------------------------------------------------------------------------
+// ----------------------------------------------------------------------------------------------------------
+// Text
+// ----------------------------------------------------------------------------------------------------------
 
 TEST(message, concatenates_the_texts_of_its_items) {
     EXPECT_EQ(message_t(copied_items()).as_string(copied_args()), "copied 3 of caf\xC3\xA9");
@@ -202,6 +205,15 @@ TEST(message, has_its_text_in_each_encoding) {
     EXPECT_EQ(smile.as_ustring(args), utf16);
 }
 
+TEST(message, keeps_zero_bytes_in_each_encoding) {
+    message_t const message({message_item(strings::ustring8("a\0", 2)), message_item("b")});
+    EXPECT_EQ(message.as_string(varg_list()), std::string("a\0b", 3));
+    EXPECT_EQ(message.as_utf8(varg_list()), std::string("a\0b", 3));
+    EXPECT_EQ(message.as_utf16(varg_list()), (strings::ustring16{'a', 0, 'b'}));
+    EXPECT_EQ(message.as_utf32(varg_list()), (strings::ustring32{'a', 0, 'b'}));
+    EXPECT_EQ(message.as_wstring(varg_list()), (strings::ustring16{'a', 0, 'b'}));
+}
+
 TEST(message, keeps_bad_text_in_bytes_and_fails_by_the_converters) {
     message_t const message({message_item("\xFF")});
     EXPECT_EQ(message.as_string(varg_list()), "\xFF");
@@ -211,8 +223,9 @@ TEST(message, keeps_bad_text_in_bytes_and_fails_by_the_converters) {
     EXPECT_EQ(message.as_wstring(varg_list()), failure);
 }
 
-// ---- Arguments
-// ----------------------------------------------------------------------------------------------
+// ----------------------------------------------------------------------------------------------------------
+// Arguments
+// ----------------------------------------------------------------------------------------------------------
 
 TEST(message, lists_its_arguments_under_their_whole_specification) {
     message_t const message({message_item("text"),
