@@ -424,6 +424,20 @@ TEST_F(catalogs_test, load_reports_a_store_that_stays_empty) {
     EXPECT_EQ(catalogs.load(german, "en").type(), message_catalogs::no_error);
 }
 
+TEST_F(catalogs_test, load_reports_a_store_that_stays_empty_for_want_of_the_catalogue_named) {
+    ustring8 const english = file("a.xmc", file_of("c", "en"));
+    result_type const result = catalogs.load(english, "en", "d");
+    EXPECT_EQ(result.type(), message_catalogs::no_catalog_loaded);
+    EXPECT_EQ(result.message(),
+              "message_catalogs::result_type - No catalog was loaded in file: \"" + english + "\"");
+    EXPECT_EQ(catalogs.load_file(english, "en", "d").type(), message_catalogs::no_error);
+    EXPECT_EQ(catalogs.load(std::vector<ustring8>{english}, "en", "d").type(), message_catalogs::no_error);
+    EXPECT_TRUE(catalogs == types::nil);
+
+    catalogs.load(english, "en", "c");
+    EXPECT_EQ(catalogs.load(english, "en", "d").type(), message_catalogs::no_error);
+}
+
 TEST_F(catalogs_test, load_returns_the_result_of_the_file) {
     result_type const good = catalogs.load(ustring8(file("a.xmc", file_of("c", "en"))), "en");
     EXPECT_EQ(good.message(),
@@ -586,6 +600,23 @@ TEST_F(catalogs_test, copies_share_their_catalogues) {
     EXPECT_EQ(catalogs.size(), 2U);
 }
 
+TEST_F(catalogs_test, assigned_store_takes_the_place_of_what_was_there) {
+    catalogs.load(ustring8(file("1.xmc", file_of("c", "en"))), "en");
+    message_catalogs assigned, by_name;
+    for (message_catalogs* other : {&assigned, &by_name}) {
+        other->load(ustring8(file("2.xmc", file_of("c", "de"))), "de");
+        other->load(ustring8(file("3.xmc", file_of("d", "de"))), "de");
+    }
+    assigned = catalogs;
+    by_name.assign(catalogs);
+    EXPECT_EQ(shown(assigned), "c/m=en:text");
+    EXPECT_EQ(shown(by_name), "c/m=en:text");
+
+    message_catalogs const& same = catalogs;
+    catalogs = same;
+    EXPECT_EQ(shown(catalogs), "c/m=en:text");
+}
+
 TEST_F(catalogs_test, erasing_leaves_the_catalogue_to_other_stores) {
     catalogs.load(ustring8(file("a.xmc", file_of("x", "en"))), "en");
     message_catalogs const copy(catalogs);
@@ -616,6 +647,15 @@ TEST_F(catalogs_test, takes_an_entry_without_a_catalogue_for_a_missing_one) {
     EXPECT_EQ(&catalogs.catalog(ustring8("c")), &message_catalogs::s_nil_catalog);
     EXPECT_EQ(&catalogs.message(ustring8("c"), ustring8("m")), &message_catalogs::s_nil_message);
     EXPECT_EQ(catalogs.size(ustring8("c")), 0U);
+}
+
+TEST_F(catalogs_test, has_a_catalogue_that_was_emptied) {
+    catalogs.load(ustring8(file("a.xmc", file_of("c", "en"))), "en");
+    *catalogs.begin()->second = types::nil;
+    EXPECT_TRUE(catalogs.has_catalog(ustring8("c")));
+    EXPECT_FALSE(catalogs == types::nil);
+    EXPECT_NE(&catalogs.catalog(ustring8("c")), &message_catalogs::s_nil_catalog);
+    EXPECT_EQ(&catalogs.message(ustring8("c"), ustring8("m")), &catalog_t::m_nil_message);
 }
 
 TEST_F(catalogs_test, finds_names_beyond_ascii_in_every_form) {
