@@ -12,7 +12,7 @@ namespace {
 
 using namespace VELDRIN_2_18;
 using i18n::_private::format_double;
-using test_support::option_text;
+using support::option_text;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();

@@ -11,7 +11,7 @@ namespace {
 
 using namespace VELDRIN_2_18;
 using i18n::_private::format_duration;
-using test_support::option_text;
+using support::option_text;
 
 struct row {
     double value;

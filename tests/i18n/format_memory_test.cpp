@@ -12,7 +12,7 @@ namespace {
 
 using namespace VELDRIN_2_18;
 using i18n::_private::format_memory;
-using test_support::option_text;
+using support::option_text;
 
 constexpr std::uint64_t largest = std::numeric_limits<std::uint64_t>::max();
 

@@ -12,7 +12,7 @@ namespace {
 
 using namespace VELDRIN_2_18;
 using i18n::_private::format_metric;
-using test_support::option_text;
+using support::option_text;
 
 constexpr std::int64_t smallest = std::numeric_limits<std::int64_t>::min();
 constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();

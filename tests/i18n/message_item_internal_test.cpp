@@ -29,7 +29,7 @@ using namespace VELDRIN_2_18;
 using generic::argument;
 using generic::varg_list;
 using i18n::message_item;
-using test_support::option_text;
+using support::option_text;
 
 using lines = std::vector<std::string>;
 

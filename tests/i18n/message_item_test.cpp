@@ -12,7 +12,7 @@ using namespace VELDRIN_2_18;
 using generic::argument;
 using generic::varg_list;
 using i18n::message_item;
-using test_support::option_text;
+using support::option_text;
 
 message_item argument_item(std::string const& specification, message_item::type_t type) {
     return message_item(option_text(specification), type);

@@ -15,7 +15,7 @@ using generic::argument;
 using generic::varg_list;
 using i18n::message_item;
 using i18n::message_t;
-using test_support::option_text;
+using support::option_text;
 
 std::vector<message_item> copied_items() {
     return {message_item("copied "), message_item("count", message_item::int_type), message_item(" of "),

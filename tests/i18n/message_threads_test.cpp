@@ -12,7 +12,7 @@ namespace {
 using namespace VELDRIN_2_18;
 using generic::argument;
 using i18n::message_item;
-using test_support::option_text;
+using support::option_text;
 
 TEST(message_threads, read_one_message_with_one_list_of_arguments) {
     i18n::message_t const message({message_item("copied "), message_item("size", message_item::memory_type),

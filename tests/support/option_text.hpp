@@ -7,7 +7,7 @@
 
 #include "veldrin/strings/ustring.hpp"
 
-namespace test_support {
+namespace support {
 
 // "base=hex,fieldsize=8" with the byte 0x01 in the place of each "=" and ",".
 inline VELDRIN_2_18::strings::ustring8 option_text(std::string text) {
@@ -16,4 +16,4 @@ inline VELDRIN_2_18::strings::ustring8 option_text(std::string text) {
     return text;
 }
 
-} // namespace test_support
+} // namespace support
