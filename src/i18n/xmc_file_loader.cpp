@@ -101,6 +101,22 @@ ustring8 readable_path(ustring8 const& path) {
 }
 
 // ----------------------------------------------------------------------------------------------------------
+// Includes
+// ----------------------------------------------------------------------------------------------------------
+
+// One file further in. The failures of containers and allocator that pass through a load leave it too.
+class include_level {
+public:
+    explicit include_level(int& depth) : m_depth(depth) { ++m_depth; }
+    include_level(include_level const&) = delete;
+    include_level& operator=(include_level const&) = delete;
+    ~include_level() { --m_depth; }
+
+private:
+    int& m_depth;
+};
+
+// ----------------------------------------------------------------------------------------------------------
 // Steps over the tokens
 // ----------------------------------------------------------------------------------------------------------
 
@@ -479,10 +495,9 @@ void xmc_file_loader::include_file(ustring8 const& file) {
     if (m_include_depth == maximum_include_depth) {
         throw load_error(unexpected_parse_error, file);
     }
+    include_level const level(m_include_depth);
     ustring8 const including_dir = base_dir;
-    ++m_include_depth;
     load_error const result = parse_file(is_absolute(file) ? file : ustring8(base_dir + file));
-    --m_include_depth;
     if (result.type() != no_error) {
         throw result;
     }

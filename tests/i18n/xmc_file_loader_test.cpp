@@ -1,7 +1,9 @@
 #include "veldrin/i18n/xmc_file_loader.hpp"
 
+#include <filesystem>
 #include <iterator>
 #include <list>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -1071,6 +1073,16 @@ TEST_F(xmc_file_loader, ends_a_file_that_includes_itself) {
 
     // The depth does not stay with the loader.
     EXPECT_EQ(parse(message_file("a", "<include/>")).type(), loader_type::no_error);
+    directory.file("b.xmc", message_file("b"));
+    EXPECT_EQ(parse(message_file("a", "<include file='b.xmc'/>")).type(), loader_type::no_error);
+}
+
+TEST_F(xmc_file_loader, leaves_an_include_through_an_exception_too) {
+    // Longer than a string can be.
+    std::filesystem::resize_file(directory.file("b.xmc"), 0x80000000U);
+    for (int load = 0; load < 1 + 256; ++load) {
+        EXPECT_THROW(parse("<?xml?><xmc version='1.1'><include file='b.xmc'/></xmc>"), std::length_error);
+    }
     directory.file("b.xmc", message_file("b"));
     EXPECT_EQ(parse(message_file("a", "<include file='b.xmc'/>")).type(), loader_type::no_error);
 }
