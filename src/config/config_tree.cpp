@@ -7,6 +7,7 @@
 #include <ostream>
 #include <string>
 
+#include "config/config_tree_walk.hpp"
 #include "veldrin/generic/abilities/make_dynamic.hpp"
 
 namespace VELDRIN_2_18::config {
@@ -33,27 +34,6 @@ std::string node_line(ustring8 const& name, config_tree::entry_type const& entry
 }
 
 } // namespace
-
-// Goes through the nodes below `top` in pre-order, siblings in byte order, without recursion. `enter(name,
-// node)` tells whether to go below the node; `leave()` follows the last child of each node that was gone
-// below, and of `top`.
-template <class Enter, class Leave>
-void config_tree::walk(config_tree const& top, Enter enter, Leave leave) {
-    using position = child_map::const_iterator;
-    std::vector<std::pair<position, position>> levels = {{top.children.begin(), top.children.end()}};
-    while (!levels.empty()) {
-        auto& [next, end] = levels.back();
-        if (next == end) {
-            levels.pop_back();
-            leave();
-            continue;
-        }
-        auto const& [name, node] = *next++;
-        if (enter(name, *node)) {
-            levels.emplace_back(node->children.begin(), node->children.end());
-        }
-    }
-}
 
 config_tree::config_tree() : entry(0U, true) {}
 

@@ -33,6 +33,10 @@
 
 namespace VELDRIN_2_18::config {
 
+namespace _private {
+class cfg_writer;
+}
+
 class VELDRIN_EXPORT config_tree : public generic::abilities::reference_count_pointer_ability<config_tree>,
                                    public generic::abilities::clone_ability {
 public:
@@ -103,6 +107,8 @@ protected:
     entry_type entry;
 
 private:
+    friend class _private::cfg_writer;
+
     template <class Enter, class Leave>
     static void walk(config_tree const& top, Enter enter, Leave leave);
 
