@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <stdexcept>
+#include <utility>
 
 namespace VELDRIN_2_18::generic {
 
@@ -90,6 +91,12 @@ varg_list& varg_list::operator=(varg_list const& other) {
     if (this != &other) {
         m_arguments = std::vector<argument>(other.m_arguments);
     }
+    return *this;
+}
+
+varg_list& varg_list::operator=(varg_list&& other) noexcept {
+    std::vector<argument> taken(std::move(other.m_arguments));
+    m_arguments.swap(taken);
     return *this;
 }
 

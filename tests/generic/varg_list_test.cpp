@@ -138,6 +138,10 @@ TEST(varg_list, changes_nothing_when_assigned_to_itself) {
     list.assign(list);
     EXPECT_EQ(contents(list), "x=1 y=2");
     EXPECT_EQ(&list[std::uint64_t{0}], first);
+    varg_list& same_to_move = list;
+    list = std::move(same_to_move);
+    EXPECT_EQ(contents(list), "x=1 y=2");
+    EXPECT_EQ(&list[std::uint64_t{0}], first);
 }
 
 // ---- Nil ----

@@ -104,9 +104,9 @@ public:
     std::uint64_t count() const { return m_arguments.size(); }
     std::uint64_t size() const { return count(); }
 
-    // Replaces the whole content.
+    // Replaces the whole content. A list that is assigned to itself, by a move too, keeps what it has.
     varg_list& operator=(varg_list const& other);
-    varg_list& operator=(varg_list&&) noexcept = default;
+    varg_list& operator=(varg_list&& other) noexcept;
     varg_list const& assign(varg_list const& other) { return *this = other; }
 
     // Appends. False, with the list unchanged, if an argument of that name is there already. An argument
