@@ -229,197 +229,34 @@ void format_integer(Value value, Unit* buffer, unsigned int radix) {
 
 } // namespace
 
-signed char str_to_int8(char const* text, std::uint64_t length, types::radix_t::base radix,
-                        bool throw_on_range) {
-    return strtointx<signed char>(text, length, radix, throw_on_range);
-}
+// The overloads of a name differ in the unit alone, but only templates can share one definition, and the
+// public functions are none.
+// NOLINTBEGIN(bugprone-macro-parentheses): the arguments are types and names
+#define VELDRIN_OVER_EACH_UNIT(define, ...)                                                                  \
+    define(char, __VA_ARGS__) define(strings::utf16_unit, __VA_ARGS__)                                       \
+        define(strings::utf32_unit, __VA_ARGS__)
 
-signed char str_to_int8(strings::utf16_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                        bool throw_on_range) {
-    return strtointx<signed char>(text, length, radix, throw_on_range);
-}
+#define VELDRIN_INTEGER_PARSER(unit, routine, name, result)                                                  \
+    result name(unit const* text, std::uint64_t length, types::radix_t::base radix, bool throw_on_range) {   \
+        return routine<result>(text, length, radix, throw_on_range);                                         \
+    }
 
-signed char str_to_int8(strings::utf32_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                        bool throw_on_range) {
-    return strtointx<signed char>(text, length, radix, throw_on_range);
-}
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtointx, str_to_int8, signed char)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtointx, str_to_short, short)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtointx, str_to_int16, std::int16_t)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtointx, str_to_int, int)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtointx, str_to_signed, int)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtointx, str_to_long, std::int32_t)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtointx, str_to_int32, std::int32_t)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtointx, str_to_int64, std::int64_t)
 
-short str_to_short(char const* text, std::uint64_t length, types::radix_t::base radix, bool throw_on_range) {
-    return strtointx<short>(text, length, radix, throw_on_range);
-}
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtouintx, str_to_uint8, unsigned char)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtouintx, str_to_uint16, std::uint16_t)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtouintx, str_to_unsigned, unsigned int)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtouintx, str_to_uint32, std::uint32_t)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_PARSER, strtouintx, str_to_uint64, std::uint64_t)
 
-short str_to_short(strings::utf16_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                   bool throw_on_range) {
-    return strtointx<short>(text, length, radix, throw_on_range);
-}
-
-short str_to_short(strings::utf32_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                   bool throw_on_range) {
-    return strtointx<short>(text, length, radix, throw_on_range);
-}
-
-std::int16_t str_to_int16(char const* text, std::uint64_t length, types::radix_t::base radix,
-                          bool throw_on_range) {
-    return strtointx<std::int16_t>(text, length, radix, throw_on_range);
-}
-
-std::int16_t str_to_int16(strings::utf16_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                          bool throw_on_range) {
-    return strtointx<std::int16_t>(text, length, radix, throw_on_range);
-}
-
-std::int16_t str_to_int16(strings::utf32_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                          bool throw_on_range) {
-    return strtointx<std::int16_t>(text, length, radix, throw_on_range);
-}
-
-int str_to_int(char const* text, std::uint64_t length, types::radix_t::base radix, bool throw_on_range) {
-    return strtointx<int>(text, length, radix, throw_on_range);
-}
-
-int str_to_int(strings::utf16_unit const* text, std::uint64_t length, types::radix_t::base radix,
-               bool throw_on_range) {
-    return strtointx<int>(text, length, radix, throw_on_range);
-}
-
-int str_to_int(strings::utf32_unit const* text, std::uint64_t length, types::radix_t::base radix,
-               bool throw_on_range) {
-    return strtointx<int>(text, length, radix, throw_on_range);
-}
-
-int str_to_signed(char const* text, std::uint64_t length, types::radix_t::base radix, bool throw_on_range) {
-    return strtointx<int>(text, length, radix, throw_on_range);
-}
-
-int str_to_signed(strings::utf16_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                  bool throw_on_range) {
-    return strtointx<int>(text, length, radix, throw_on_range);
-}
-
-int str_to_signed(strings::utf32_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                  bool throw_on_range) {
-    return strtointx<int>(text, length, radix, throw_on_range);
-}
-
-std::int32_t str_to_long(char const* text, std::uint64_t length, types::radix_t::base radix,
-                         bool throw_on_range) {
-    return strtointx<std::int32_t>(text, length, radix, throw_on_range);
-}
-
-std::int32_t str_to_long(strings::utf16_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                         bool throw_on_range) {
-    return strtointx<std::int32_t>(text, length, radix, throw_on_range);
-}
-
-std::int32_t str_to_long(strings::utf32_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                         bool throw_on_range) {
-    return strtointx<std::int32_t>(text, length, radix, throw_on_range);
-}
-
-std::int32_t str_to_int32(char const* text, std::uint64_t length, types::radix_t::base radix,
-                          bool throw_on_range) {
-    return strtointx<std::int32_t>(text, length, radix, throw_on_range);
-}
-
-std::int32_t str_to_int32(strings::utf16_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                          bool throw_on_range) {
-    return strtointx<std::int32_t>(text, length, radix, throw_on_range);
-}
-
-std::int32_t str_to_int32(strings::utf32_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                          bool throw_on_range) {
-    return strtointx<std::int32_t>(text, length, radix, throw_on_range);
-}
-
-std::int64_t str_to_int64(char const* text, std::uint64_t length, types::radix_t::base radix,
-                          bool throw_on_range) {
-    return strtointx<std::int64_t>(text, length, radix, throw_on_range);
-}
-
-std::int64_t str_to_int64(strings::utf16_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                          bool throw_on_range) {
-    return strtointx<std::int64_t>(text, length, radix, throw_on_range);
-}
-
-std::int64_t str_to_int64(strings::utf32_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                          bool throw_on_range) {
-    return strtointx<std::int64_t>(text, length, radix, throw_on_range);
-}
-
-unsigned char str_to_uint8(char const* text, std::uint64_t length, types::radix_t::base radix,
-                           bool throw_on_range) {
-    return strtouintx<unsigned char>(text, length, radix, throw_on_range);
-}
-
-unsigned char str_to_uint8(strings::utf16_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                           bool throw_on_range) {
-    return strtouintx<unsigned char>(text, length, radix, throw_on_range);
-}
-
-unsigned char str_to_uint8(strings::utf32_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                           bool throw_on_range) {
-    return strtouintx<unsigned char>(text, length, radix, throw_on_range);
-}
-
-std::uint16_t str_to_uint16(char const* text, std::uint64_t length, types::radix_t::base radix,
-                            bool throw_on_range) {
-    return strtouintx<std::uint16_t>(text, length, radix, throw_on_range);
-}
-
-std::uint16_t str_to_uint16(strings::utf16_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                            bool throw_on_range) {
-    return strtouintx<std::uint16_t>(text, length, radix, throw_on_range);
-}
-
-std::uint16_t str_to_uint16(strings::utf32_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                            bool throw_on_range) {
-    return strtouintx<std::uint16_t>(text, length, radix, throw_on_range);
-}
-
-unsigned int str_to_unsigned(char const* text, std::uint64_t length, types::radix_t::base radix,
-                             bool throw_on_range) {
-    return strtouintx<unsigned int>(text, length, radix, throw_on_range);
-}
-
-unsigned int str_to_unsigned(strings::utf16_unit const* text, std::uint64_t length,
-                             types::radix_t::base radix, bool throw_on_range) {
-    return strtouintx<unsigned int>(text, length, radix, throw_on_range);
-}
-
-unsigned int str_to_unsigned(strings::utf32_unit const* text, std::uint64_t length,
-                             types::radix_t::base radix, bool throw_on_range) {
-    return strtouintx<unsigned int>(text, length, radix, throw_on_range);
-}
-
-std::uint32_t str_to_uint32(char const* text, std::uint64_t length, types::radix_t::base radix,
-                            bool throw_on_range) {
-    return strtouintx<std::uint32_t>(text, length, radix, throw_on_range);
-}
-
-std::uint32_t str_to_uint32(strings::utf16_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                            bool throw_on_range) {
-    return strtouintx<std::uint32_t>(text, length, radix, throw_on_range);
-}
-
-std::uint32_t str_to_uint32(strings::utf32_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                            bool throw_on_range) {
-    return strtouintx<std::uint32_t>(text, length, radix, throw_on_range);
-}
-
-std::uint64_t str_to_uint64(char const* text, std::uint64_t length, types::radix_t::base radix,
-                            bool throw_on_range) {
-    return strtouintx<std::uint64_t>(text, length, radix, throw_on_range);
-}
-
-std::uint64_t str_to_uint64(strings::utf16_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                            bool throw_on_range) {
-    return strtouintx<std::uint64_t>(text, length, radix, throw_on_range);
-}
-
-std::uint64_t str_to_uint64(strings::utf32_unit const* text, std::uint64_t length, types::radix_t::base radix,
-                            bool throw_on_range) {
-    return strtouintx<std::uint64_t>(text, length, radix, throw_on_range);
-}
+#undef VELDRIN_INTEGER_PARSER
 
 float str_to_float(strings::ustring8 const& text) { return str_to_float(text, std::locale()); }
 
@@ -441,44 +278,16 @@ long double str_to_long_double(strings::ustring8 const& text, std::locale const&
     return extract<long double>(text, loc);
 }
 
-void ltoa(std::int32_t value, char* buffer, unsigned int radix) { format_integer(value, buffer, radix); }
+#define VELDRIN_INTEGER_FORMATTER(unit, name, type)                                                          \
+    void name(type value, unit* buffer, unsigned int radix) { format_integer(value, buffer, radix); }
 
-void ltoa(std::int32_t value, strings::utf16_unit* buffer, unsigned int radix) {
-    format_integer(value, buffer, radix);
-}
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_FORMATTER, ltoa, std::int32_t)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_FORMATTER, ultoa, std::uint32_t)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_FORMATTER, lltoa, std::int64_t)
+VELDRIN_OVER_EACH_UNIT(VELDRIN_INTEGER_FORMATTER, ulltoa, std::uint64_t)
 
-void ltoa(std::int32_t value, strings::utf32_unit* buffer, unsigned int radix) {
-    format_integer(value, buffer, radix);
-}
-
-void ultoa(std::uint32_t value, char* buffer, unsigned int radix) { format_integer(value, buffer, radix); }
-
-void ultoa(std::uint32_t value, strings::utf16_unit* buffer, unsigned int radix) {
-    format_integer(value, buffer, radix);
-}
-
-void ultoa(std::uint32_t value, strings::utf32_unit* buffer, unsigned int radix) {
-    format_integer(value, buffer, radix);
-}
-
-void lltoa(std::int64_t value, char* buffer, unsigned int radix) { format_integer(value, buffer, radix); }
-
-void lltoa(std::int64_t value, strings::utf16_unit* buffer, unsigned int radix) {
-    format_integer(value, buffer, radix);
-}
-
-void lltoa(std::int64_t value, strings::utf32_unit* buffer, unsigned int radix) {
-    format_integer(value, buffer, radix);
-}
-
-void ulltoa(std::uint64_t value, char* buffer, unsigned int radix) { format_integer(value, buffer, radix); }
-
-void ulltoa(std::uint64_t value, strings::utf16_unit* buffer, unsigned int radix) {
-    format_integer(value, buffer, radix);
-}
-
-void ulltoa(std::uint64_t value, strings::utf32_unit* buffer, unsigned int radix) {
-    format_integer(value, buffer, radix);
-}
+#undef VELDRIN_INTEGER_FORMATTER
+#undef VELDRIN_OVER_EACH_UNIT
+// NOLINTEND(bugprone-macro-parentheses)
 
 } // namespace VELDRIN_2_18::generic::convert
