@@ -29,8 +29,9 @@ namespace VELDRIN_2_18::generic::convert {
 //
 // White space is the six ASCII characters, whatever the locale. A digit above 9 is a letter of either case.
 //
-// Radix `detect` goes by the text: "0x" or "\x" is hexadecimal, "0b" or "\b" binary, "0" or "\" before
-// anything else octal, all else decimal. With every other radix a prefix is text like any other.
+// Radix `detect` goes by the text: "0x" or "\x" is hexadecimal, "0b" or "\b" binary, with a letter of either
+// case, "0" or "\" before anything else octal, all else decimal. With every other radix a prefix is text like
+// any other.
 //
 // A value out of range gives the nearest bound of the result type. With `throw_on_range` it throws instead:
 // `exceptions::underflow_error` "Number value is to small" for a text with "-", otherwise
@@ -45,8 +46,8 @@ namespace VELDRIN_2_18::generic::convert {
 
 // Signed results. A `length` of 0 means that the text runs up to its terminator. A negative radix gives 0.
 //
-// Once a text with "-" has reached the magnitude of the minimum exactly, further digits wrap modulo 2 to the
-// width and raise no range failure: `str_to_int8` of "-128" is -128, of "-129" out of range, of "-1281" -1.
+// Once a text with "-" has reached the magnitude of the minimum exactly, the next digit wraps modulo 2 to the
+// width and raises no range failure: `str_to_int8` of "-128" is -128, of "-129" out of range, of "-1281" -1.
 
 // -128 to 127.
 VELDRIN_EXPORT signed char str_to_int8(char const* text, std::uint64_t length, types::radix_t::base radix,
@@ -160,9 +161,10 @@ VELDRIN_EXPORT std::uint64_t str_to_uint64(strings::utf32_unit const* text, std:
 
 // ---- Real-number parsers --------------------------------------------------------------------------------
 //
-// The number is what the standard stream extraction takes from the front of the text in the locale `loc`, or
-// in the global locale, without which there is no decimal point; what follows it is ignored. A text that the
-// extraction rejects, a value out of range included, gives 0. Nothing is thrown for bad input.
+// The number is what the standard stream extraction takes from the front of the text; what follows it is
+// ignored. Decimal point and digit grouping are those of the locale `loc`, or of the global locale where none
+// is passed. A text that the extraction rejects, a value out of range included, gives 0. Nothing is thrown
+// for bad input.
 
 VELDRIN_EXPORT float str_to_float(strings::ustring8 const& text);
 VELDRIN_EXPORT float str_to_float(strings::ustring8 const& text, std::locale const& loc);
