@@ -15,6 +15,7 @@
 
 #include "support/ascii_text.hpp"
 #include "support/unit_texts.hpp"
+#include "veldrin/generic/convert/str_to_x.hpp"
 #include "veldrin/types/variant.hpp"
 
 namespace {
@@ -458,6 +459,17 @@ TEST(variant_conversion, text_of_a_floating_value_is_read_in_full_precision) {
         EXPECT_EQ(value.as_float(), -2500.0F);
         EXPECT_EQ(value.as_double(), -2500.0);
         EXPECT_EQ(value.as_long_double(), -2500.0L);
+    }
+    // Each result has the parser, and so the range, of its own type.
+    for (variant const& value : in_every_text_kind("1e39")) {
+        EXPECT_EQ(value.as_float(), 0.0F);
+        EXPECT_EQ(value.as_double(), 1e39);
+    }
+    for (variant const& value : in_every_text_kind("1e309")) {
+        EXPECT_EQ(value.as_double(), 0.0);
+    }
+    for (variant const& value : in_every_text_kind("0.1")) {
+        EXPECT_EQ(value.as_long_double(), generic::convert::str_to_long_double("0.1"));
     }
     for (variant const& value : in_every_text_kind("1e999999")) {
         EXPECT_EQ(value.as_float(), 0.0F);

@@ -1,6 +1,8 @@
-// How often the variant goes to the allocator.
+// How often the variant goes to the allocator, and what it does when that has nothing left.
 
 #include <cstddef>
+#include <cstdint>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -53,6 +55,38 @@ TEST(variant_allocation, text_is_parsed_where_it_stands) {
         EXPECT_EQ(allocations_of([value] { value->as_int(); }), 0U);
         EXPECT_EQ(allocations_of([value] { value->as_uint64(); }), 0U);
     }
+}
+
+// Whether the action came to its end with memory for so many allocations.
+template <class Action>
+bool succeeds_with(std::size_t available, Action action) {
+    support::allocations_left = available;
+    bool succeeded = true;
+    try {
+        action();
+    } catch (std::bad_alloc const&) {
+        succeeded = false;
+    }
+    support::allocations_left = SIZE_MAX;
+    return succeeded;
+}
+
+TEST(variant_allocation, a_construction_without_memory_passes_the_failure_on) {
+    EXPECT_FALSE(succeeds_with(0, [] { variant const value; }));
+    EXPECT_FALSE(succeeds_with(0, [] { variant const value(5); }));
+    EXPECT_TRUE(succeeds_with(1, [] { variant const value(5); }));
+    std::string const text(100, 'x');
+    for (std::size_t const available : {0U, 1U}) {
+        EXPECT_FALSE(succeeds_with(available, [&text] { variant const value(text); }));
+    }
+}
+
+TEST(variant_allocation, an_assignment_without_memory_leaves_the_value) {
+    variant value("kept");
+    EXPECT_FALSE(succeeds_with(0, [&value] { value = types::nil; }));
+    EXPECT_EQ(value.as_string(), "kept");
+    EXPECT_FALSE(succeeds_with(0, [&value] { value = 5; }));
+    EXPECT_EQ(value.as_string(), "kept");
 }
 
 } // namespace
