@@ -147,6 +147,8 @@ TEST(argument, takes_another_argument_by_assignment) {
     argument const& same = tested;
     tested = same;
     expect_state(tested, "z", "8");
+    tested = {"w", 9};
+    expect_state(tested, "w", "9");
 }
 
 TEST(argument, is_nil_when_nil_is_assigned) {
