@@ -281,7 +281,12 @@ TEST(variant, streaming_returns_the_stream) {
     EXPECT_EQ(stream.str(), "11");
 }
 
-TEST(variant, streams_nil_as_zero) { EXPECT_EQ(streamed(variant()), "0"); }
+TEST(variant, streams_nil_as_the_number_zero) {
+    EXPECT_EQ(streamed(variant()), "0");
+    std::ostringstream stream;
+    stream << std::showpos << variant();
+    EXPECT_EQ(stream.str(), "+0");
+}
 
 TEST(variant, streams_numbers_by_the_flags_of_the_stream) {
     std::ostringstream stream;
