@@ -1,12 +1,8 @@
 // The case functions under a locale that knows one pair of letters, and those are not ASCII.
 
-#include <clocale>
-#include <cstdlib>
-#include <string>
-
 #include <gtest/gtest.h>
 
-#include "support/temporary_directory.hpp"
+#include "support/one_pair_locale.hpp"
 #include "support/unit_texts.hpp"
 #include "veldrin/strings/case.hpp"
 
@@ -14,36 +10,7 @@ namespace {
 
 using namespace VELDRIN_2_18;
 
-char const character_map[] = "<code_set_name> ISO-8859-1\n<escape_char> /\n<mb_cur_min> 1\n<mb_cur_max> 1\n"
-                             "CHARMAP\n<U0000>..<U00FE> /x00\n<U00FF> /xff\nEND CHARMAP\n";
-
-// U+00C4 with U+00E4, and "k" as the capital of U+00E5.
-char const locale_source[] =
-    "LC_CTYPE\n"
-    "upper <U0041>..<U005A>;<U00C4>;<U006B>\nlower <U0061>..<U007A>;<U00E4>;<U00E5>\n"
-    "tolower (<U00C4>,<U00E4>);(<U006B>,<U00E5>)\n"
-    "toupper (<U00E4>,<U00C4>);(<U00E5>,<U006B>)\n"
-    "END LC_CTYPE\n";
-
-class case_under_locale : public testing::Test {
-protected:
-    void SetUp() override {
-        std::string const command = "localedef -c -i " + m_directory.file("source", locale_source) + " -f " +
-                                    m_directory.file("map", character_map) + " " +
-                                    m_directory.path("one_pair") + " 2>/dev/null";
-        ASSERT_NE(std::system(command.c_str()), -1);
-        ASSERT_EQ(setenv("LOCPATH", m_directory.path().c_str(), 1), 0);
-        ASSERT_STREQ(std::setlocale(LC_CTYPE, "one_pair"), "one_pair");
-    }
-
-    void TearDown() override {
-        std::setlocale(LC_CTYPE, "C");
-        unsetenv("LOCPATH");
-    }
-
-private:
-    support::temporary_directory m_directory;
-};
+using case_under_locale = support::one_pair_locale;
 
 TEST_F(case_under_locale, wider_units_follow_it_up_to_255) {
     EXPECT_EQ(strings::to_lower(support::utf16({0xC4, 0x41, 0x1C4, 0xC5})),
