@@ -635,7 +635,7 @@ void xmc_file_loader::handle_language(ustring8 const& lang) {
     ustring8 beginning;
     for (std::size_t index = 0; index < parts.size(); ++index) {
         beginning += index == 0 ? parts[index] : ustring8("_" + parts[index]);
-        if (index != 0 || beginning != "en") {
+        if (beginning != "en") {
             locale_list.push_back(beginning);
         }
     }

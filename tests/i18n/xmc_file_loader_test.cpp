@@ -1053,6 +1053,12 @@ TEST_F(xmc_file_loader, understands_both_separators) {
     EXPECT_EQ(by_path.base_dir, directory.path() + "\\sub\\");
 }
 
+TEST_F(xmc_file_loader, takes_a_backslash_for_part_of_a_name_where_that_exists) {
+    directory.file("x\\b.xmc", message_file("b"));
+    EXPECT_EQ(parse(message_file("a", "<include file='x\\b.xmc'/>")).type(), loader_type::no_error);
+    EXPECT_EQ(shown(loader), "c/a=[0:a]\nc/b=[0:b]\n");
+}
+
 TEST_F(xmc_file_loader, starts_from_the_working_directory_for_a_bare_name) {
     support::temporary_working_directory const here;
     here->file("b.xmc", message_file("b"));
@@ -1195,6 +1201,8 @@ TEST(xmc_productions, header_looks_at_the_types_of_its_tokens) {
     EXPECT_EQ(header({start("xmc"), value("version")}), "5 Invalid attibute \"version\"");
     EXPECT_EQ(header({start("xmc"), attribute("version"), text("1.0")}),
               "8 XMC version \"1.0\" is not supported");
+    EXPECT_EQ(header({start("xmc"), attribute("version"), text("1.1")}),
+              "8 XMC version \"1.1\" is not supported");
     EXPECT_EQ(header({start("xmc"), attribute("version"), value("1.1"), text("anything"), text("x")}),
               "reads 4");
 }
@@ -1382,6 +1390,12 @@ TEST_F(xmc_merging, weighs_by_the_list_of_this_load) {
     EXPECT_EQ(merge(variants({"fr_CA"}), "fr_CA"), 1U);
     // French weighs nothing for a German load.
     EXPECT_EQ(merge(variants({"."}), "de"), 1U);
+    EXPECT_EQ(text(), ".");
+}
+
+TEST_F(xmc_merging, stores_what_was_missing_whatever_it_weighs) {
+    // The list is ".", "en", "", "_x": the empty language of a missing message weighs more than ".".
+    EXPECT_EQ(merge(variants({"."}), "_x"), 1U);
     EXPECT_EQ(text(), ".");
 }
 
