@@ -10,7 +10,7 @@
 #include "veldrin/functor/member_function.hpp"
 #include "veldrin/parser/xml_parser.hpp"
 
-namespace veldrin_tests {
+namespace support {
 
 using VELDRIN_2_18::parser::xml_parser;
 using VELDRIN_2_18::strings::ustring8;
@@ -87,4 +87,4 @@ inline outcome parse(ustring8 const& text) {
     return parser.finish(parser.parse(text));
 }
 
-} // namespace veldrin_tests
+} // namespace support

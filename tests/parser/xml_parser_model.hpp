@@ -9,7 +9,7 @@
 
 #include "parser/xml_outcome.hpp"
 
-namespace veldrin_tests {
+namespace support {
 
 class xml_parser_model {
 public:
@@ -278,4 +278,4 @@ private:
     bool m_root_seen = false;
 };
 
-} // namespace veldrin_tests
+} // namespace support

@@ -21,7 +21,7 @@
 namespace {
 
 using namespace VELDRIN_2_18;
-using namespace veldrin_tests;
+using namespace support;
 
 std::string const nul(1, '\0');
 std::string const utf8_mark = "\xEF\xBB\xBF";
@@ -29,7 +29,7 @@ std::string const utf8_mark = "\xEF\xBB\xBF";
 // The outcome of a text without an error.
 outcome good(event_list const& events) { return {events, parse_error::no_parse_error, 0, ""}; }
 
-outcome parse_body(std::string const& body) { return veldrin_tests::parse("<?xml?>" + body); }
+outcome parse_body(std::string const& body) { return support::parse("<?xml?>" + body); }
 
 // ---- parse_error ----------------------------------------------------------------------------------------
 
@@ -91,7 +91,7 @@ class xml_parser_error : public testing::TestWithParam<error_row> {};
 
 TEST_P(xml_parser_error, is_returned_behind_the_events_before_it) {
     error_row const& row = GetParam();
-    EXPECT_EQ(veldrin_tests::parse(row.text), (outcome{row.events, row.type, row.line, row.message}))
+    EXPECT_EQ(support::parse(row.text), (outcome{row.events, row.type, row.line, row.message}))
         << row.text;
 }
 
@@ -292,19 +292,19 @@ TEST(xml_parser_header, is_not_read) {
                                "<?xml?"
                                "?"
                                "?>"}) {
-        EXPECT_EQ(veldrin_tests::parse(ustring8(header) + "<a/>"), good({"start a", "end a"})) << header;
+        EXPECT_EQ(support::parse(ustring8(header) + "<a/>"), good({"start a", "end a"})) << header;
     }
 }
 
 TEST(xml_parser_header, may_have_any_three_bytes_before_it) {
     for (std::string const& mark :
          {utf8_mark, std::string("abc"), std::string("<?x"), std::string(3, '\0')}) {
-        EXPECT_EQ(veldrin_tests::parse(mark + "<?xml?><a/>"), good({"start a", "end a"})) << mark;
+        EXPECT_EQ(support::parse(mark + "<?xml?><a/>"), good({"start a", "end a"})) << mark;
     }
 }
 
 TEST(xml_parser_header, gives_no_space_event_for_the_white_space_behind_it) {
-    EXPECT_EQ(veldrin_tests::parse("<?xml?> \n\t<a/>"), good({"start a", "end a"}));
+    EXPECT_EQ(support::parse("<?xml?> \n\t<a/>"), good({"start a", "end a"}));
 }
 
 // ---- Elements -------------------------------------------------------------------------------------------
@@ -603,7 +603,7 @@ TEST(xml_parser_line, counts_line_feeds_of_white_space_only) {
          }) {
         EXPECT_EQ(parse_body(each.body).line, each.line) << each.body;
     }
-    EXPECT_EQ(veldrin_tests::parse("<?xml\n\n?>\n<").line, 1U);
+    EXPECT_EQ(support::parse("<?xml\n\n?>\n<").line, 1U);
 }
 
 TEST(xml_parser_line, is_zero_after_a_success) { EXPECT_EQ(parse_body("\n\n<a>\n\n</a>\n").line, 0U); }
@@ -760,7 +760,7 @@ outcome parse_exact(std::string const& text) {
 
 // Whole, as a range in front of other characters, and exact.
 void expect_same_in_every_form(std::string const& text, std::string const& behind, outcome const& expected) {
-    ASSERT_EQ(veldrin_tests::parse(text), expected) << text;
+    ASSERT_EQ(support::parse(text), expected) << text;
     ustring8 const longer = text + behind;
     recording_parser parser;
     ASSERT_EQ(parser.finish(
@@ -841,13 +841,13 @@ TEST(xml_parser_cut, gives_the_error_of_its_place) {
                                "attribute y=<A", "character t u", "space   ", "character v&",
                                "space \n\n",     "start b",       "end b",    "character <d>",
                                "end a",          "space \n"};
-    ASSERT_EQ(veldrin_tests::parse(rich_document()), good(events));
+    ASSERT_EQ(support::parse(rich_document()), good(events));
 
     std::string text;
     for (cut_row const& row : cut_rows) {
         for (char const* character = row.piece; *character != '\0'; ++character) {
             text += *character;
-            outcome const result = veldrin_tests::parse(text);
+            outcome const result = support::parse(text);
             EXPECT_EQ(result.type, row.type) << text;
             EXPECT_EQ(result.line, row.line) << text;
             EXPECT_EQ(result.message, row.message) << text;
@@ -879,12 +879,12 @@ TEST(xml_parser_exhaustive, gives_what_the_model_gives_for_every_changed_byte) {
         for (int byte = 0; byte < 256; ++byte) {
             std::string text = document;
             text[index] = static_cast<char>(byte);
-            ASSERT_EQ(veldrin_tests::parse(text), xml_parser_model::parse(text)) << text;
+            ASSERT_EQ(support::parse(text), xml_parser_model::parse(text)) << text;
         }
         std::string const shorter = document.substr(0, index) + document.substr(index + 1);
-        ASSERT_EQ(veldrin_tests::parse(shorter), xml_parser_model::parse(shorter)) << shorter;
+        ASSERT_EQ(support::parse(shorter), xml_parser_model::parse(shorter)) << shorter;
         std::string const doubled = document.substr(0, index + 1) + document.substr(index);
-        ASSERT_EQ(veldrin_tests::parse(doubled), xml_parser_model::parse(doubled)) << doubled;
+        ASSERT_EQ(support::parse(doubled), xml_parser_model::parse(doubled)) << doubled;
     }
 }
 
@@ -1103,7 +1103,7 @@ TEST(xml_parser_life, copies_clone_the_delegates_and_the_state) {
 }
 
 TEST(xml_parser_life, copies_clone_every_delegate) {
-    outcome const expected = veldrin_tests::parse(rich_document());
+    outcome const expected = support::parse(rich_document());
     recording_parser source;
     xml_parser copy(static_cast<xml_parser const&>(source));
     EXPECT_EQ(source.finish(copy.parse(rich_document())), expected);
