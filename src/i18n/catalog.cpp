@@ -19,12 +19,6 @@ catalog_t::catalog_t(ustring8 const& name, std::vector<ustring8> const& language
                      std::map<ustring8, message_t> const& messages)
     : m_name(name), m_languages(languages.begin(), languages.end()), m_messages(messages) {}
 
-catalog_t::catalog_t(catalog_t const& other)
-    : reference_count_pointer_ability<catalog_t>(),
-      m_name(other.m_name),
-      m_languages(other.m_languages),
-      m_messages(other.m_messages) {}
-
 catalog_t& catalog_t::operator=(catalog_t const& other) { return assign(other); }
 
 // The base is left alone: flag and count belong to the object.

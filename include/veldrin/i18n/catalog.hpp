@@ -41,7 +41,7 @@ public:
     catalog_t(strings::ustring8 const& name, std::vector<strings::ustring8> const& languages,
               std::map<strings::ustring8, message_t> const& messages);
 
-    catalog_t(catalog_t const& other);
+    catalog_t(catalog_t const& other) = default;
     catalog_t& operator=(catalog_t const& other);
     catalog_t& assign(catalog_t const& other);
 
