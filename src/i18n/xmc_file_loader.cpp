@@ -33,6 +33,9 @@ using load_error = xmc_file_loader::load_error;
 // Far below what the stack carries: a file that includes itself ends here.
 constexpr int maximum_include_depth = 256;
 
+// A few files that each include the next one twice would otherwise be read for hours.
+constexpr int maximum_includes = 10000;
+
 // Stands between the parts of an argument's specification.
 constexpr char option_separator = '\x01';
 
@@ -492,9 +495,10 @@ void xmc_file_loader::include_file(ustring8 const& file) {
     if (file.empty()) {
         throw load_error(file_not_found, file);
     }
-    if (m_include_depth == maximum_include_depth) {
+    if (m_include_depth == maximum_include_depth || m_includes == maximum_includes) {
         throw load_error(unexpected_parse_error, file);
     }
+    ++m_includes;
     include_level const level(m_include_depth);
     ustring8 const including_dir = base_dir;
     load_error const result = parse_file(is_absolute(file) ? file : ustring8(base_dir + file));

@@ -1116,6 +1116,31 @@ TEST_F(xmc_file_loader, ends_two_files_that_include_each_other) {
               loader_type::unexpected_parse_error);
 }
 
+TEST_F(xmc_file_loader, reads_10000_includes_at_most) {
+    auto const write = [&](int includes) {
+        std::string content;
+        for (int count = 0; count < includes; ++count) {
+            content += "<include file='b.xmc'/>";
+        }
+        return "<?xml?><xmc version='1.1'>" + content + "</xmc>";
+    };
+    directory.file("b.xmc", message_file("b", ""));
+    EXPECT_EQ(parse(write(10000)).type(), loader_type::no_error);
+    loader_type other;
+    EXPECT_EQ(other.parse(ustring8(directory.file("c.xmc", write(10001))), "en").type(),
+              loader_type::unexpected_parse_error);
+}
+
+TEST_F(xmc_file_loader, ends_files_that_include_each_other_twice) {
+    for (int file = 0; file < 40; ++file) {
+        std::string const include = "<include file='" + std::to_string(file + 1) + ".xmc'/>";
+        directory.file(std::to_string(file) + ".xmc", message_file("m", include + include));
+    }
+    directory.file("40.xmc", message_file("m", ""));
+    EXPECT_EQ(loader.parse(ustring8(directory.path("0.xmc")), "en").type(),
+              loader_type::unexpected_parse_error);
+}
+
 // ----------------------------------------------------------------------------------------------------------
 // Productions over token lists of their own
 // ----------------------------------------------------------------------------------------------------------

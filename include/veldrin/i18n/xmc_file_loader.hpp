@@ -50,7 +50,8 @@ public:
         arg_end_missing = 11,       // the tokens end inside an argument
         include_end_missing = 12,   // something between the start and the end of `include`
         catalog_end_missing = 13,   // a `catalog` that does not end, or with something other than `msg` in it
-        unexpected_parse_error = 14 // the tokens end early, or includes nest more than 256 deep
+        unexpected_parse_error = 14 // the tokens end early, includes nest more than 256 deep, or this loader
+                                    // has read 10,000 of them
     };
 
     // How a load went: what was wrong, and behind it one line for each place around it, the innermost first.
@@ -181,6 +182,7 @@ private:
     void include_file(strings::ustring8 const& file);
 
     int m_include_depth = 0;
+    int m_includes = 0;
 };
 
 } // namespace VELDRIN_2_18::i18n::_private
