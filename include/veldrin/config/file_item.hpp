@@ -67,7 +67,10 @@ public:
     // - array elements are in byte order of their names: 0, 1, 10, 2;
     // - a value with a blank, a tab or a line end is quoted, no other: one with "#", "//" or, in an array, a
     //   comma reads back cut;
-    // - a double quote or a backslash is written as it is, an empty value reads back as none.
+    // - a double quote is written as it is, and a backslash, at the end of a quoted value too;
+    // - the "=" behind a key makes one operator with a "=" at the front of the value, as well as with a "+" or
+    //   its like at the end of the key;
+    // - an empty value reads back as none, flags not at all.
     bool save() override;
 
     // Writes nothing.
