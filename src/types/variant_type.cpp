@@ -8,6 +8,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "types/truncated.hpp"
 #include "veldrin/generic/abilities/make_dynamic.hpp"
 #include "veldrin/generic/convert/str_to_x.hpp"
 #include "veldrin/strings/case.hpp"
@@ -115,18 +116,6 @@ wide_string to_wide_text(T const& value) {
 
 // ---- To number and bool --------------------------------------------------------------------------------
 
-// Whatever does not fit into 64 bits becomes the smallest 64-bit integer; narrower results keep the low bits.
-template <class Result, class Real>
-Result truncated(Real value) {
-    constexpr Real limit = 0x1p63F;
-    if (std::is_same_v<Result, std::uint64_t> && value >= limit && value < 2 * limit) {
-        return static_cast<Result>(static_cast<std::uint64_t>(value));
-    }
-    bool const fits = value >= -limit && value < limit;
-    return static_cast<Result>(fits ? static_cast<std::int64_t>(value)
-                                    : std::numeric_limits<std::int64_t>::min());
-}
-
 template <class Result, class T, class Parser>
 Result to_integer(T const& value, Parser parse) {
     if constexpr (is_nil<T>) {
@@ -134,7 +123,7 @@ Result to_integer(T const& value, Parser parse) {
     } else if constexpr (is_text<T>) {
         return parse(value.data(), value.size(), radix_t::detect, false);
     } else if constexpr (std::is_floating_point_v<T>) {
-        return truncated<Result>(value);
+        return _private::truncated<Result>(value);
     } else {
         return static_cast<Result>(value);
     }
