@@ -1,9 +1,10 @@
 // File: veldrin/generic.hpp
 //
-// Argument lists, and conversions between text and numbers.
+// Argument lists, and conversions between text and numbers, and between units of length.
 
 #pragma once
 
 #include "veldrin/generic/argument.hpp"
 #include "veldrin/generic/convert/str_to_x.hpp"
+#include "veldrin/generic/convert/unit_conversion.hpp"
 #include "veldrin/generic/varg_list.hpp"
