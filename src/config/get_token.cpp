@@ -4,11 +4,15 @@
 #include <limits>
 #include <string_view>
 
+#include "strings/ascii.hpp"
 #include "veldrin/config/base_config_item.hpp"
 
 namespace VELDRIN_2_18::config {
 
 namespace {
+
+using strings::_private::is_ascii_digit;
+using strings::_private::is_ascii_letter;
 
 // The position behind every token must fit: an open string that ends in a backslash counts two bytes more.
 constexpr std::size_t longest_text = std::numeric_limits<unsigned int>::max() - 2U;
@@ -19,10 +23,6 @@ bool is_operator(char byte) {
 }
 
 bool is_blank(char byte) { return byte == ' '; }
-
-bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
-
-bool is_letter(char byte) { return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z'); }
 
 struct operator_rule {
     std::string_view spelling;
@@ -86,12 +86,12 @@ std::size_t scan_string(std::string_view text, config_token& token) {
 // word: digit {digit} | letter {letter} | byte
 std::size_t scan_word(std::string_view text, config_token& token) {
     std::size_t length = 1;
-    if (is_digit(text.front())) {
+    if (is_ascii_digit(text.front())) {
         token.type = config_token::T_NUM;
-        length = length_of_run(text, is_digit);
-    } else if (is_letter(text.front())) {
+        length = length_of_run(text, is_ascii_digit);
+    } else if (is_ascii_letter(text.front())) {
         token.type = config_token::T_VAR;
-        length = length_of_run(text, is_letter);
+        length = length_of_run(text, is_ascii_letter);
     } else {
         token.type = config_token::T_NON_ALPHA_NUM;
     }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "strings/ascii.hpp"
 #include "veldrin/generic/convert/str_to_x.hpp"
 #include "veldrin/types/radix.hpp"
 
@@ -12,20 +13,16 @@ namespace VELDRIN_2_18::parser {
 namespace {
 
 using strings::ustring8;
-
-bool is_decimal_digit(char character) { return character >= '0' && character <= '9'; }
+using strings::_private::is_ascii_digit;
+using strings::_private::is_ascii_letter;
 
 bool is_hexadecimal_digit(char character) {
-    return is_decimal_digit(character) || (character >= 'A' && character <= 'F') ||
+    return is_ascii_digit(character) || (character >= 'A' && character <= 'F') ||
            (character >= 'a' && character <= 'f');
 }
 
-bool is_letter(char character) {
-    return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z');
-}
-
 bool is_name_character(char character) {
-    return is_letter(character) || is_decimal_digit(character) || character == '_';
+    return is_ascii_letter(character) || is_ascii_digit(character) || character == '_';
 }
 
 std::string_view rest_of(char const* current, char const* end) {
@@ -249,7 +246,7 @@ void xml_parser::parse_text(position& current, position end) {
 
 // name: letter {letter | digit | "_"}
 ustring8 xml_parser::parse_name(position& current, position end) {
-    if (!is_letter(character_at(current, end))) {
+    if (!is_ascii_letter(character_at(current, end))) {
         fail_unexpected(current, end);
     }
     position const first = current;
@@ -311,7 +308,7 @@ char xml_parser::parse_character_number(position& current, position end) {
         ++current;
     }
     position const first = current;
-    auto const is_digit = hexadecimal ? is_hexadecimal_digit : is_decimal_digit;
+    auto const is_digit = hexadecimal ? is_hexadecimal_digit : is_ascii_digit;
     while (is_digit(character_at(current, end))) {
         ++current;
     }
