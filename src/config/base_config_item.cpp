@@ -8,11 +8,6 @@ namespace VELDRIN_2_18::config {
 
 using strings::ustring8;
 
-base_config_item::base_config_item() = default;
-
-base_config_item::base_config_item(base_config_item const& other)
-    : reference_count_pointer_ability<base_config_item>(), clone_ability(), id(other.id), tree(other.tree) {}
-
 // The base is left alone: flag and count belong to the object.
 base_config_item& base_config_item::operator=(base_config_item const& other) {
     id = other.id;

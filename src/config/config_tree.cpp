@@ -38,7 +38,7 @@ std::string node_line(ustring8 const& name, config_tree::entry_type const& entry
 config_tree::config_tree() : entry(0U, true) {}
 
 config_tree::config_tree(config_tree const& other)
-    : reference_count_pointer_ability<config_tree>(), clone_ability(), entry(other.entry) {
+    : reference_count_pointer_ability<config_tree>(other), clone_ability(other), entry(other.entry) {
     copy_children(other);
 }
 

@@ -44,10 +44,10 @@ class VELDRIN_EXPORT base_config_item
       public generic::abilities::clone_ability {
 public:
     // No id, an empty tree.
-    base_config_item();
+    base_config_item() = default;
 
     // Both copy the id and, node by node, the tree.
-    base_config_item(base_config_item const& other);
+    base_config_item(base_config_item const& other) = default;
     base_config_item& operator=(base_config_item const& other);
 
     ~base_config_item() override;
