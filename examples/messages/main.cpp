@@ -1,30 +1,36 @@
 // Loads the message catalogues of a small file-synchronising tool and prints one situation in the languages
-// asked for.
+// asked for. The settings come from the command line, the file messages.cfg and the environment, in this
+// order.
 //
-//     messages CATALOG_DIRECTORY            a table of all languages
-//     messages CATALOG_DIRECTORY LANGUAGE   one language, falling back where it lacks a text
-//     messages --check FILE                 what stands in a catalogue file, or all that is wrong with it
+//     messages -catalogs=DIRECTORY                 a table of all languages
+//     messages -catalogs=DIRECTORY -language=de    one language, falling back where it lacks a text
+//     messages -check=FILE                         what stands in a catalogue file, or all that is wrong with
+//     it
+//
+// A path with blanks in it is quoted for the option reader too: -check="\"my file.xmc\"".
 
 #include <iostream>
-#include <string>
 
 #include "check.hpp"
 #include "situation.hpp"
+#include "veldrin/config.hpp"
 
-int main(int argc, char** argv) {
-    if (argc == 3 && std::string(argv[1]) == "--check") {
-        return check(std::cout, std::cerr, argv[2]);
+int main(int argc, char** argv, char** envp) {
+    veldrin::config::config_manager settings;
+    settings.init(veldrin::config::std_config_dispatch(argc, argv, envp, "messages.cfg", ""));
+    settings.load();
+
+    if (settings.value_exist("check")) {
+        return check(std::cout, std::cerr, settings.get_value("check", "").as_string());
     }
-    if (argc != 2 && argc != 3) {
-        std::cerr << "usage: messages CATALOG_DIRECTORY [LANGUAGE] | messages --check FILE\n";
-        return 2;
-    }
-    std::vector<ustring8> const files = catalog_files(argv[1]);
+    ustring8 const directory = settings.get_value("catalogs", ".").as_string();
+    std::vector<ustring8> const files = catalog_files(directory);
     if (files.empty()) {
-        std::cerr << "no catalogue files in " << argv[1] << '\n';
+        std::cerr << "no catalogue files in " << directory << '\n';
         return 1;
     }
+    ustring8 const language = settings.get_value("language", "all").as_string();
     bool const printed =
-        argc == 3 ? print_situation(std::cout, files, argv[2]) : print_table(std::cout, files);
+        language == "all" ? print_table(std::cout, files) : print_situation(std::cout, files, language);
     return printed ? 0 : 1;
 }
