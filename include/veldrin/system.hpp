@@ -1,6 +1,6 @@
 // File: veldrin/system.hpp
 //
-// Files and directories; dates, times of day and durations.
+// Files and directories; dates, times of day, durations and a stopwatch.
 
 #pragma once
 
@@ -12,5 +12,6 @@
 #include "veldrin/system/date_time/milliseconds.hpp"
 #include "veldrin/system/date_time/time.hpp"
 #include "veldrin/system/date_time/time_duration.hpp"
+#include "veldrin/system/date_time/timer.hpp"
 #include "veldrin/system/file_utility.hpp"
 #include "veldrin/system/io.hpp"
