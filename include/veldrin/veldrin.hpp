@@ -9,6 +9,7 @@
 #include "veldrin/generic.hpp"
 #include "veldrin/i18n.hpp"
 #include "veldrin/parser.hpp"
+#include "veldrin/serialization.hpp"
 #include "veldrin/strings.hpp"
 #include "veldrin/system.hpp"
 #include "veldrin/types.hpp"
