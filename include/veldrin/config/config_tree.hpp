@@ -40,11 +40,12 @@ class cfg_writer;
 class VELDRIN_EXPORT config_tree : public generic::abilities::reference_count_pointer_ability<config_tree>,
                                    public generic::abilities::clone_ability {
 public:
-    // The bits of a flag word. Others are kept and mean nothing.
-    static constexpr unsigned int flag_set = 1; // written by `set_node`, which raises it at every write
-    static constexpr unsigned int flag_array =
-        2; // the head of an array: its elements are the children 0, 1, ...
-    static constexpr unsigned int flag_alias = 4; // the value is the text of another key
+    // The bits of a flag word: the node was written, as `set_node` notes at every write; it is the head of an
+    // array, whose elements are the children 0, 1, ...; its value is the text of another key. Further bits
+    // are kept and mean nothing.
+    static constexpr unsigned int flag_set = 1;
+    static constexpr unsigned int flag_array = 2;
+    static constexpr unsigned int flag_alias = 4;
 
     // Flag word and value.
     using entry_type = std::pair<unsigned int, types::variant>;
