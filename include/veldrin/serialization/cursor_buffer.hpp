@@ -6,9 +6,12 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <string_view>
 
 #include "veldrin/export.hpp"
+#include "veldrin/generic/abilities/make_dynamic.hpp"
 #include "veldrin/namespace.hpp"
 #include "veldrin/serialization/serialize_buffer.hpp"
 
@@ -38,6 +41,17 @@ protected:
     // These take the cursor over too.
     cursor_buffer(cursor_buffer const& other);
     cursor_buffer& operator=(cursor_buffer const& other);
+
+    // The bytes from the cursor on; none where the cursor is at or behind the end.
+    std::string_view unread() const;
+
+    // A new buffer of the form with these bytes, on the heap.
+    template <class Form>
+    static Form* make_form(std::string_view bytes) {
+        std::unique_ptr<Form> buffer(generic::abilities::make_dynamic<Form>());
+        buffer->m_data = bytes;
+        return buffer.release();
+    }
 
     std::string m_data;
     mutable std::uint64_t m_read_pos = 0;

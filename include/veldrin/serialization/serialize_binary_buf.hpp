@@ -12,7 +12,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "veldrin/export.hpp"
 #include "veldrin/namespace.hpp"
@@ -85,6 +87,16 @@ public:
 
     serialize_buffer* create() const override;
     serialize_buffer* clone() const override;
+
+private:
+    template <class T>
+    T take_number() const;
+
+    template <class T>
+    T read_number() const;
+
+    // The bytes of a string or nested buffer; nothing at the end.
+    std::optional<std::string_view> take_framed_bytes() const;
 };
 
 } // namespace VELDRIN_2_18::serialization

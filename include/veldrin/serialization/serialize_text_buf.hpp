@@ -14,6 +14,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "veldrin/export.hpp"
 #include "veldrin/namespace.hpp"
@@ -94,6 +95,13 @@ public:
 
     serialize_buffer* create() const override;
     serialize_buffer* clone() const override;
+
+private:
+    // The text at the cursor up to the next 01.
+    std::string_view take_field() const;
+
+    // The bytes of a string or nested buffer.
+    std::string_view take_framed_bytes() const;
 };
 
 } // namespace VELDRIN_2_18::serialization

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -27,8 +28,10 @@ enum class byte_order { of_the_machine, least_significant_first, most_significan
 
 // The unsigned integer with as many bytes as T.
 template <class T>
-using bits_of = std::conditional_t<sizeof(T) == 2, std::uint16_t,
-                                   std::conditional_t<sizeof(T) == 4, std::uint32_t, std::uint64_t>>;
+using bits_of =
+    std::conditional_t<sizeof(T) == 1, std::uint8_t,
+                       std::conditional_t<sizeof(T) == 2, std::uint16_t,
+                                          std::conditional_t<sizeof(T) == 4, std::uint32_t, std::uint64_t>>>;
 
 // Values are moved as bits, so a NaN keeps its payload. Each member compiles to one load or store, with a
 // swap where the machine's order is the other one.
@@ -43,9 +46,9 @@ public:
         return value;
     }
 
-    // 0 where the string is shorter than `guard`; what else it lacks of a value reads as zero bytes.
+    // 0 where there are fewer bytes than `guard`; those that lack beyond it read as zeros.
     template <class T, std::size_t guard = sizeof(T)>
-    static T read(std::string const& bytes) {
+    static T read(std::string_view bytes) {
         if (bytes.size() < guard) {
             return 0;
         }
@@ -57,14 +60,26 @@ public:
         return read<T>(padded);
     }
 
-    // Bytes that were swapped on the way in are swapped on the way out, so what reads an order makes it too.
     template <class T>
     static std::string write(T const& value) {
-        auto const bits = read<bits_of<T>>(reinterpret_cast<char const*>(&value));
+        auto const bits = ordered(value);
         return std::string(reinterpret_cast<char const*>(&bits), sizeof bits);
     }
 
+    template <class T>
+    static void append(std::string& bytes, T const& value) {
+        auto const bits = ordered(value);
+        bytes.append(reinterpret_cast<char const*>(&bits), sizeof bits);
+    }
+
 private:
+    // The value with its bytes in memory in this order. What swaps them on the way in swaps them back, so the
+    // reading of an order makes it too.
+    template <class T>
+    static bits_of<T> ordered(T const& value) {
+        return read<bits_of<T>>(reinterpret_cast<char const*>(&value));
+    }
+
     // No loop: compilers see a single load in an expression, but not always in a loop.
     template <class Bits, std::size_t... indexes>
     static Bits read_bits(char const* bytes, std::index_sequence<indexes...>) {
