@@ -1,29 +1,19 @@
 #include "veldrin/parser/xml_parser.hpp"
 
 #include <cstddef>
-#include <cstdint>
 #include <string_view>
 
+#include "parser/xml_characters.hpp"
 #include "strings/ascii.hpp"
-#include "veldrin/generic/convert/str_to_x.hpp"
-#include "veldrin/types/radix.hpp"
 
 namespace VELDRIN_2_18::parser {
 
 namespace {
 
+using _private::is_name_character;
 using strings::ustring8;
 using strings::_private::is_ascii_digit;
 using strings::_private::is_ascii_letter;
-
-bool is_hexadecimal_digit(char character) {
-    return is_ascii_digit(character) || (character >= 'A' && character <= 'F') ||
-           (character >= 'a' && character <= 'f');
-}
-
-bool is_name_character(char character) {
-    return is_ascii_letter(character) || is_ascii_digit(character) || character == '_';
-}
 
 std::string_view rest_of(char const* current, char const* end) {
     return {current, static_cast<std::size_t>(end - current)};
@@ -31,15 +21,6 @@ std::string_view rest_of(char const* current, char const* end) {
 
 // The end reads as a NUL, wherever the range ends.
 char character_at(char const* current, char const* end) { return current == end ? '\0' : *current; }
-
-struct named_character {
-    std::string_view name;
-    char character;
-};
-
-constexpr named_character named_characters[] = {
-    {"amp;", '&'}, {"apos;", '\''}, {"gt;", '>'}, {"lt;", '<'}, {"nbsp;", ' '}, {"quot;", '"'},
-};
 
 } // namespace
 
@@ -286,7 +267,7 @@ ustring8 xml_parser::parse_character(position& current, position end) {
         return ustring8(1, parse_character_number(current, end));
     }
     bool known_first_letter = false;
-    for (auto const& [name, character] : named_characters) {
+    for (auto const& [name, character] : _private::named_characters) {
         if (rest_of(current, end).starts_with(name)) {
             current += name.size() - 1;
             return ustring8(1, character);
@@ -308,18 +289,14 @@ char xml_parser::parse_character_number(position& current, position end) {
         ++current;
     }
     position const first = current;
-    auto const is_digit = hexadecimal ? is_hexadecimal_digit : is_ascii_digit;
+    auto const is_digit = hexadecimal ? _private::is_hexadecimal_digit : is_ascii_digit;
     while (is_digit(character_at(current, end))) {
         ++current;
     }
     if (character_at(current, end) != ';') {
         fail_unexpected(current, end);
     }
-    // Without an "x" the radix is detected from the digits: those that start with "0" are octal. No digits
-    // give 0.
-    auto const radix = hexadecimal ? types::radix_t::hexadecimal : types::radix_t::detect;
-    auto const length = static_cast<std::uint64_t>(current - first);
-    return static_cast<char>(generic::convert::str_to_uint8(first, length, radix, false));
+    return _private::numbered_character({first, static_cast<std::size_t>(current - first)}, hexadecimal);
 }
 
 ustring8 xml_parser::parse_whitespace(position& current, position end) {
@@ -332,9 +309,7 @@ ustring8 xml_parser::parse_whitespace(position& current, position end) {
     return ustring8(first, current);
 }
 
-bool xml_parser::is_white_space(position current) {
-    return *current == ' ' || *current == '\t' || *current == '\r' || *current == '\n';
-}
+bool xml_parser::is_white_space(position current) { return _private::is_white_space(*current); }
 
 void xml_parser::fail(parse_error::error_type type, ustring8 const& message) const {
     throw parse_error(type, m_line, message);
