@@ -1,7 +1,6 @@
 #include "veldrin/config/base_config_item.hpp"
 
 #include <cstdint>
-#include <cstring>
 #include <iomanip>
 #include <memory>
 #include <sstream>
@@ -12,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "support/config_entries.hpp"
+#include "support/virtual_slot.hpp"
 #include "veldrin/generic/abilities/make_dynamic.hpp"
 #include "veldrin/types/nil.hpp"
 
@@ -26,6 +26,7 @@ using generic::varg_list;
 using generic::abilities::make_dynamic;
 using strings::ustring8;
 using support::shown;
+using support::virtual_slot;
 using item_pointer = memory::pointers::rc_pointer<base_config_item>;
 using namespace std::string_literals;
 
@@ -72,26 +73,15 @@ varg_list list_of(Values const&... values) {
 
 // ---- The virtual operations ----
 
-// By the C++ ABI that both platforms' compilers follow, a pointer to a virtual member function holds the byte
-// offset of its slot, in some of them with the lowest bit set.
-template <class Function>
-std::size_t slot(Function operation) {
-    std::uintptr_t words[2];
-    static_assert(sizeof operation == sizeof words);
-    std::memcpy(words, &operation, sizeof words);
-    return words[0] / sizeof(void*);
-}
-
-// The destructor takes the two slots in front: one ends the object, one frees it as well.
 TEST(base_config_item, has_its_virtual_operations_in_their_fixed_order) {
     using alone = bool (base_config_item::*)();
     using with_list = bool (base_config_item::*)(item_list const&);
-    EXPECT_EQ(slot(static_cast<alone>(&base_config_item::load)), 2U);
-    EXPECT_EQ(slot(static_cast<with_list>(&base_config_item::load)), 3U);
-    EXPECT_EQ(slot(static_cast<alone>(&base_config_item::save)), 4U);
-    EXPECT_EQ(slot(static_cast<with_list>(&base_config_item::save)), 5U);
-    EXPECT_EQ(slot(&base_config_item::unload), 6U);
-    EXPECT_EQ(slot(&base_config_item::clone), 7U);
+    EXPECT_EQ(virtual_slot(static_cast<alone>(&base_config_item::load)), 2U);
+    EXPECT_EQ(virtual_slot(static_cast<with_list>(&base_config_item::load)), 3U);
+    EXPECT_EQ(virtual_slot(static_cast<alone>(&base_config_item::save)), 4U);
+    EXPECT_EQ(virtual_slot(static_cast<with_list>(&base_config_item::save)), 5U);
+    EXPECT_EQ(virtual_slot(&base_config_item::unload), 6U);
+    EXPECT_EQ(virtual_slot(&base_config_item::clone), 7U);
 }
 
 TEST(base_config_item, loads_saves_and_unloads_nothing) {

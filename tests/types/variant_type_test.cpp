@@ -1,7 +1,6 @@
 #include "veldrin/types/variant_type.hpp"
 
 #include <cstdint>
-#include <cstring>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -11,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "support/unit_texts.hpp"
+#include "support/virtual_slot.hpp"
 #include "veldrin/generic/abilities/make_dynamic.hpp"
 #include "veldrin/memory/pointers/rc_pointer.hpp"
 #include "veldrin/strings/unicode.hpp"
@@ -21,6 +21,7 @@ namespace {
 using namespace VELDRIN_2_18;
 using generic::abilities::make_dynamic;
 using strings::ustring8;
+using support::virtual_slot;
 using types::variant_type;
 using types::variant_value_t;
 using pointer = memory::pointers::rc_pointer<variant_type>;
@@ -35,45 +36,34 @@ struct count_access : variant_type {
 
 // ---- The virtual table ---------------------------------------------------------------------------------
 
-// By the C++ ABI that both platforms' compilers follow, a pointer to a virtual member function holds the byte
-// offset of its slot, in some of them with the lowest bit set.
-template <class Function>
-std::size_t slot(Function variant_type::*operation) {
-    std::uintptr_t words[2];
-    static_assert(sizeof operation == sizeof words);
-    std::memcpy(words, &operation, sizeof words);
-    return words[0] / sizeof(void*);
-}
-
-// The destructor takes the two slots in front: one ends the object, one frees it as well.
 TEST(variant_type, virtual_operations_stand_in_their_fixed_order) {
     EXPECT_TRUE(std::has_virtual_destructor_v<variant_type>);
     EXPECT_TRUE(std::is_abstract_v<variant_type>);
-    EXPECT_EQ(slot(&variant_type::always_one), 2U);
-    EXPECT_EQ(slot(&variant_type::type), 3U);
-    EXPECT_EQ(slot(&variant_type::clone), 4U);
-    EXPECT_EQ(slot(&variant_type::ostream), 5U);
-    EXPECT_EQ(slot(&variant_type::as_int), 6U);
-    EXPECT_EQ(slot(&variant_type::as_short), 7U);
-    EXPECT_EQ(slot(&variant_type::as_long), 8U);
-    EXPECT_EQ(slot(&variant_type::as_int8), 9U);
-    EXPECT_EQ(slot(&variant_type::as_int16), 10U);
-    EXPECT_EQ(slot(&variant_type::as_int32), 11U);
-    EXPECT_EQ(slot(&variant_type::as_int64), 12U);
-    EXPECT_EQ(slot(&variant_type::as_uint8), 13U);
-    EXPECT_EQ(slot(&variant_type::as_uint16), 14U);
-    EXPECT_EQ(slot(&variant_type::as_uint32), 15U);
-    EXPECT_EQ(slot(&variant_type::as_uint64), 16U);
-    EXPECT_EQ(slot(&variant_type::as_bool), 17U);
-    EXPECT_EQ(slot(&variant_type::as_string), 18U);
-    EXPECT_EQ(slot(&variant_type::as_wstring), 19U);
-    EXPECT_EQ(slot(&variant_type::as_ustring), 20U);
-    EXPECT_EQ(slot(&variant_type::as_utf8), 21U);
-    EXPECT_EQ(slot(&variant_type::as_utf16), 22U);
-    EXPECT_EQ(slot(&variant_type::as_utf32), 23U);
-    EXPECT_EQ(slot(&variant_type::as_float), 24U);
-    EXPECT_EQ(slot(&variant_type::as_double), 25U);
-    EXPECT_EQ(slot(&variant_type::as_long_double), 26U);
+    EXPECT_EQ(virtual_slot(&variant_type::always_one), 2U);
+    EXPECT_EQ(virtual_slot(&variant_type::type), 3U);
+    EXPECT_EQ(virtual_slot(&variant_type::clone), 4U);
+    EXPECT_EQ(virtual_slot(&variant_type::ostream), 5U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_int), 6U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_short), 7U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_long), 8U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_int8), 9U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_int16), 10U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_int32), 11U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_int64), 12U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_uint8), 13U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_uint16), 14U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_uint32), 15U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_uint64), 16U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_bool), 17U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_string), 18U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_wstring), 19U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_ustring), 20U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_utf8), 21U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_utf16), 22U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_utf32), 23U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_float), 24U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_double), 25U);
+    EXPECT_EQ(virtual_slot(&variant_type::as_long_double), 26U);
 }
 
 TEST(variant_type, is_counted_and_clonable) {
