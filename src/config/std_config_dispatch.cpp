@@ -11,8 +11,6 @@ namespace VELDRIN_2_18::config {
 
 using strings::ustring8;
 
-std_config_dispatch::std_config_dispatch() = default;
-
 std_config_dispatch::std_config_dispatch(int argc, char const* const* argv, char const* const* envp,
                                          ustring8 const& file_name, ustring8 const& spare_name)
     : m_argv(argv), m_envp(envp), m_argc(argc), m_file_name(file_name), m_spare_name(spare_name) {}

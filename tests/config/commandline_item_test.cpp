@@ -376,6 +376,8 @@ TEST(commandline_item, takes_every_other_token_into_the_key) {
         {"-a\rb=v", "a\rb=1:v"},
         {"-\"a=b\"=v", "a=b=1:v"},
         {"-\"a$b\"=v", "a$b=1:v"},
+        {"-a\"$\"=v", "a$=1:v"},
+        {"-a\"=\"$v", "a==1:v"},
         {"-\"A b\"=v", "a b=1:v"},
         {"-\xC3\xA4=v", "\xC3\xA4=1:v"},
     };

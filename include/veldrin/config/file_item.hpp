@@ -55,7 +55,7 @@ public:
     bool load(item_list const& items) override;
 
     // Loads the file. What the tree holds stays, if the file does not set it anew, and so does all of it if
-    // the file cannot be read.
+    // the file cannot be read. For files of 2 GiB and more see `system::load_file`.
     bool load() override;
 
     // Replaces the file by one that holds what is written of the tree; what cannot be written is lost without
@@ -68,7 +68,8 @@ public:
     // - a value with a blank, a tab or a line end is quoted, no other: one with "#", "//" or, in an array, a
     //   comma reads back cut;
     // - a double quote is written as it is, and a backslash, at the end of a quoted value too;
-    // - the "=" behind a key makes one operator with a "=" at the front of the value, as well as with a "+" or
+    // - the "=" behind a key makes one operator with a "=" at the front of the value, as well as with a "+"
+    // or
     //   its like at the end of the key;
     // - an empty value reads back as none, flags not at all.
     bool save() override;

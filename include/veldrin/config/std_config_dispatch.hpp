@@ -43,7 +43,7 @@ public:
     config_dispatch* clone() const override;
 
 private:
-    std_config_dispatch();
+    std_config_dispatch() = default;
 
     char const* const* m_argv = nullptr;
     char const* const* m_envp = nullptr;
