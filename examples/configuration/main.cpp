@@ -11,7 +11,10 @@
 
 #include "veldrin/config.hpp"
 
+using veldrin::config::base_config_item;
 using veldrin::config::config_manager;
+using veldrin::config::config_tree;
+using veldrin::memory::pointers::rc_pointer;
 using veldrin::strings::ustring8;
 using veldrin::types::variant;
 
@@ -35,16 +38,45 @@ variant value_of(config_manager const& manager, ustring8 const& wanted) {
     return variant();
 }
 
-// The first source in the manager's order that has a node at the key: the one that decides.
-ustring8 source_of(config_manager const& manager, ustring8 const& key) {
+// The source that decides: the first in the manager's order that has a node at the key. Null if none has.
+rc_pointer<base_config_item> deciding_item(config_manager const& manager, ustring8 const& key) {
     for (char const* const id : {"command line", "standard file", "enviroment"}) {
-        auto const* const entry = manager.get_config_item(id)->get_value(key);
-        if (entry != nullptr) {
-            bool const is_alias = (entry->first & veldrin::config::config_tree::flag_alias) != 0;
-            return is_alias ? ustring8("stands for " + entry->second.as_string()) : ustring8(id);
+        rc_pointer<base_config_item> const item = manager.get_config_item(id);
+        if (item->get_value(key) != nullptr) {
+            return item;
         }
     }
-    return "default";
+    return {};
+}
+
+ustring8 source_of(config_manager const& manager, ustring8 const& key) {
+    rc_pointer<base_config_item> const item = deciding_item(manager, key);
+    if (item.is_null()) {
+        return "default";
+    }
+    auto const& [flags, value] = *item->get_value(key);
+    bool const is_alias = (flags & config_tree::flag_alias) != 0;
+    return is_alias ? ustring8("stands for " + value.as_string()) : item->get_id();
+}
+
+// An array, or a single text: "-include=*.raw" is one. The manager's own `get_array` passes over a source
+// with a text, to the first one with an array.
+std::vector<variant> values_of(config_manager const& manager, ustring8 const& key) {
+    rc_pointer<base_config_item> const item = deciding_item(manager, key);
+    if (item.is_null()) {
+        return {};
+    }
+    auto const& [flags, value] = *item->get_value(key);
+    if ((flags & config_tree::flag_array) == 0) {
+        return {value};
+    }
+    config_tree::entry_list elements;
+    item->get_array(key, elements);
+    std::vector<variant> values;
+    for (auto const& [name, element] : elements) {
+        values.push_back(element.second);
+    }
+    return values;
 }
 
 void print(ustring8 const& key, ustring8 const& value, ustring8 const& source, bool explain) {
@@ -62,8 +94,7 @@ int main(int argc, char** argv, char** envp) {
     manager.init(veldrin::config::std_config_dispatch(argc, argv, envp, "mirror.cfg", ""));
 
     // An older name of a setting: the question for it is answered by the setting that it names.
-    manager.get_config_item("enviroment")
-        ->set("destination", "target", veldrin::config::config_tree::flag_alias);
+    manager.get_config_item("enviroment")->set("destination", "target", config_tree::flag_alias);
     manager.load();
 
     // The second "-" of an option belongs to its key.
@@ -72,9 +103,7 @@ int main(int argc, char** argv, char** envp) {
         print(key, manager.get_value(key, default_value).as_string(), source_of(manager, key), explain);
     }
 
-    std::vector<variant> patterns;
-    manager.get_array("include", patterns);
-    for (variant const& pattern : patterns) {
+    for (variant const& pattern : values_of(manager, "include")) {
         print("include[]", pattern.as_string(), source_of(manager, "include"), explain);
     }
 
