@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/config_entries.hpp"
+#include "support/config_items.hpp"
 #include "support/virtual_slot.hpp"
 #include "veldrin/generic/abilities/make_dynamic.hpp"
 #include "veldrin/types/nil.hpp"
@@ -25,6 +25,7 @@ using config::item_list;
 using generic::varg_list;
 using generic::abilities::make_dynamic;
 using strings::ustring8;
+using support::dump_of;
 using support::shown;
 using support::virtual_slot;
 using item_pointer = memory::pointers::rc_pointer<base_config_item>;
@@ -46,22 +47,6 @@ public:
 };
 
 std::string value(base_config_item const& item, ustring8 const& key) { return shown(item.get_value(key)); }
-
-// Unlike the item itself, with the names of all keys in full. An item without keys gives "".
-std::string contents(base_config_item& item) {
-    struct open_item : base_config_item {
-        using base_config_item::tree;
-    };
-    config_tree::entry_list entries;
-    (item.*&open_item::tree).get_value_pair_array("", entries, true, "");
-    return shown(entries);
-}
-
-std::string dumped(base_config_item& item) {
-    std::ostringstream stream;
-    item.dump(stream);
-    return stream.str();
-}
 
 // Values without names.
 template <class... Values>
@@ -93,7 +78,7 @@ TEST(base_config_item, loads_saves_and_unloads_nothing) {
     EXPECT_TRUE(item.save());
     EXPECT_TRUE(item.save(items));
     item.unload();
-    EXPECT_EQ(contents(item), "a=1:1");
+    EXPECT_EQ(shown(item), "a=1:1");
     EXPECT_EQ(item.get_id(), "name");
 }
 
@@ -111,7 +96,7 @@ public:
 TEST(base_config_item, loads_with_a_list_by_the_load_of_its_class) {
     loading_item item;
     EXPECT_FALSE(item.load(item_list()));
-    EXPECT_EQ(contents(item), "loaded=1:1");
+    EXPECT_EQ(shown(item), "loaded=1:1");
     item.m_result = true;
     EXPECT_TRUE(static_cast<base_config_item&>(item).load(item_list()));
 }
@@ -121,7 +106,7 @@ TEST(base_config_item, loads_with_a_list_by_the_load_of_its_class) {
 TEST(base_config_item, starts_without_a_name_and_without_keys) {
     plain_item item;
     EXPECT_EQ(item.get_id(), "");
-    EXPECT_EQ(contents(item), "");
+    EXPECT_EQ(shown(item), "");
 }
 
 TEST(base_config_item, copies_its_name_and_each_node_of_its_tree) {
@@ -138,7 +123,7 @@ TEST(base_config_item, copies_its_name_and_each_node_of_its_tree) {
     for (base_config_item* const copy : {static_cast<base_config_item*>(&constructed),
                                          static_cast<base_config_item*>(&assigned), cloned.get()}) {
         EXPECT_EQ(copy->get_id(), "source");
-        EXPECT_EQ(contents(*copy), "a=0:1 a.b=1:1");
+        EXPECT_EQ(shown(*copy), "a=0:1 a.b=1:1");
     }
     EXPECT_TRUE(cloned->is_created_dynamic());
     EXPECT_FALSE(constructed.is_created_dynamic());
@@ -264,7 +249,7 @@ TEST(make_key_value, splits_at_the_delimiter) {
         EXPECT_EQ(split_value.as_utf8(), row.value) << testing::PrintToString(row.text);
         EXPECT_TRUE(split_value.type() == typeid(ustring8)) << testing::PrintToString(row.text);
     }
-    EXPECT_EQ(contents(item), "");
+    EXPECT_EQ(shown(item), "");
 }
 
 TEST(make_key_value, takes_a_megabyte) {
@@ -282,7 +267,7 @@ TEST(base_config_item, sets_a_pair_a_value_and_a_text) {
     item.set(std::pair<ustring8, types::variant>("Pair.One", 1), 0);
     item.set("value", 2.5, 4);
     item.set("Text.Two = a b", 8);
-    EXPECT_EQ(contents(item), "pair=0:1 pair.one=1:1 text=0:1 text.two=9:ab value=5:2.5");
+    EXPECT_EQ(shown(item), "pair=0:1 pair.one=1:1 text=0:1 text.two=9:ab value=5:2.5");
     EXPECT_TRUE(item.get_value("pair.one")->second.type() == typeid(int));
     EXPECT_TRUE(item.get_value("value")->second.type() == typeid(double));
     EXPECT_TRUE(item.get_value("text.two")->second.type() == typeid(ustring8));
@@ -294,16 +279,16 @@ TEST(base_config_item, stores_the_same_word_for_the_flags_0_and_1) {
     item.set("b", "x", 1);
     item.set("c = x", 0);
     item.set("d = x", 1);
-    EXPECT_EQ(contents(item), "a=1:x b=1:x c=1:x d=1:x");
+    EXPECT_EQ(shown(item), "a=1:x b=1:x c=1:x d=1:x");
 }
 
 TEST(base_config_item, sets_an_empty_text_for_a_key_alone_and_the_empty_key_for_a_value_alone) {
     plain_item item;
     item.set("key", 0);
-    EXPECT_EQ(contents(item), "key=1:");
+    EXPECT_EQ(shown(item), "key=1:");
     EXPECT_TRUE(item.get_value("key")->second.type() == typeid(ustring8));
     item.set("=value", 0);
-    EXPECT_EQ(contents(item), "=1:value key=1:");
+    EXPECT_EQ(shown(item), "=1:value key=1:");
     EXPECT_EQ(value(item, ""), "1:value");
 }
 
@@ -311,7 +296,7 @@ TEST(base_config_item, lets_the_last_write_win) {
     plain_item item;
     item.set("a = 1", 4);
     item.set("A", 2, 0);
-    EXPECT_EQ(contents(item), "a=1:2");
+    EXPECT_EQ(shown(item), "a=1:2");
 }
 
 // ---- Arrays ----
@@ -319,7 +304,7 @@ TEST(base_config_item, lets_the_last_write_win) {
 TEST(set_array, sets_the_head_and_the_elements) {
     plain_item item;
     item.set_array("Section.List", list_of("x", 2, 2.5), {});
-    EXPECT_EQ(contents(item),
+    EXPECT_EQ(shown(item),
               "section=0:1 section.list=3:nil section.list.0=1:x section.list.1=1:2 section.list.2=1:2.5");
     EXPECT_TRUE(item.get_value("section.list.1")->second.type() == typeid(int));
 }
@@ -327,27 +312,27 @@ TEST(set_array, sets_the_head_and_the_elements) {
 TEST(set_array, sets_the_head_alone_for_no_values) {
     plain_item item;
     item.set_array("a", {}, {});
-    EXPECT_EQ(contents(item), "a=3:nil");
+    EXPECT_EQ(shown(item), "a=3:nil");
     item.set_array("b", {}, list_of(4));
-    EXPECT_EQ(contents(item), "a=3:nil b=3:nil");
+    EXPECT_EQ(shown(item), "a=3:nil b=3:nil");
 }
 
 TEST(set_array, gives_each_element_the_flags_of_its_position) {
     plain_item item;
     item.set_array("a", list_of("x", "y", "z", "w"), list_of(4, 0, "0x10", -2));
-    EXPECT_EQ(contents(item), "a=3:nil a.0=5:x a.1=1:y a.2=17:z a.3=4294967295:w");
+    EXPECT_EQ(shown(item), "a=3:nil a.0=5:x a.1=1:y a.2=17:z a.3=4294967295:w");
 }
 
 TEST(set_array, ignores_flags_beyond_the_values) {
     plain_item item;
     item.set_array("a", list_of("x"), list_of(4, 4));
-    EXPECT_EQ(contents(item), "a=3:nil a.0=5:x");
+    EXPECT_EQ(shown(item), "a=3:nil a.0=5:x");
 }
 
 TEST(set_array, does_not_look_at_names) {
     plain_item item;
     item.set_array("a", varg_list({"1", "x"}, {"0", "y"}), varg_list({"1", 8}, {"0", 4}));
-    EXPECT_EQ(contents(item), "a=3:nil a.0=9:x a.1=5:y");
+    EXPECT_EQ(shown(item), "a=3:nil a.0=9:x a.1=5:y");
 }
 
 TEST(set_array, stores_numbers_where_the_flags_have_run_out) {
@@ -355,8 +340,8 @@ TEST(set_array, stores_numbers_where_the_flags_have_run_out) {
     varg_list values = list_of("kept", "kept", "0x1F", "text", -1, 2.9, "4294967295", "4294967296");
     values.push_back(types::nil);
     item.set_array("a", values, list_of(4, 0));
-    EXPECT_EQ(contents(item), "a=3:nil a.0=5:kept a.1=1:kept a.2=1:31 a.3=1:0 a.4=1:4294967295 a.5=1:2 "
-                              "a.6=1:4294967295 a.7=1:4294967295 a.8=1:0");
+    EXPECT_EQ(shown(item), "a=3:nil a.0=5:kept a.1=1:kept a.2=1:31 a.3=1:0 a.4=1:4294967295 a.5=1:2 "
+                           "a.6=1:4294967295 a.7=1:4294967295 a.8=1:0");
     EXPECT_TRUE(item.get_value("a.2")->second.type() == typeid(std::uint32_t));
 }
 
@@ -365,7 +350,7 @@ TEST(set_array, keeps_a_nil_element) {
     varg_list values;
     values.push_back(types::nil);
     item.set_array("a", values, {});
-    EXPECT_EQ(contents(item), "a=3:nil a.0=1:nil");
+    EXPECT_EQ(shown(item), "a=3:nil a.0=1:nil");
 }
 
 TEST(set_array, leaves_the_higher_elements_of_a_longer_array) {
@@ -373,7 +358,7 @@ TEST(set_array, leaves_the_higher_elements_of_a_longer_array) {
     item.set_array("a", list_of("x", "y", "z"), {});
     item.set("a.other", "kept", 0);
     item.set_array("a", list_of("new"), {});
-    EXPECT_EQ(contents(item), "a=3:nil a.0=1:new a.1=1:y a.2=1:z a.other=1:kept");
+    EXPECT_EQ(shown(item), "a=3:nil a.0=1:new a.1=1:y a.2=1:z a.other=1:kept");
     config_tree::entry_list out;
     item.get_array("a", out);
     EXPECT_EQ(shown(out), "0=1:new 1=1:y 2=1:z");
@@ -396,7 +381,7 @@ TEST(set_array, numbers_its_elements_in_decimal) {
 TEST(set_array, puts_the_elements_of_a_key_that_ends_in_a_separator_one_level_down) {
     plain_item item;
     item.set_array("a.", list_of("x"), {});
-    EXPECT_EQ(contents(item), "a=3:nil a.=0:1 a..0=1:x");
+    EXPECT_EQ(shown(item), "a=3:nil a.=0:1 a..0=1:x");
 }
 
 // ---- The dump ----
@@ -405,23 +390,23 @@ TEST(base_config_item, dumps_its_name_and_its_tree) {
     plain_item item("some item");
     item.set("A.B = x", 0);
     item.set("c", 2, 4);
-    EXPECT_EQ(dumped(item), "object : some item\n"
-                            "|---------------\\\n"
-                            "|\t\ta : true\n"
-                            "|\t\t|---------------\\\n"
-                            "|\t\t|\t\tb : 1 x\n"
-                            "|\t\t|\t\t|\n"
-                            "|\t\t|\t\tend\n"
-                            "|\t\tc : 5 2\n"
-                            "|\t\t|\n"
-                            "|\t\tend\n"
-                            "end\n");
+    EXPECT_EQ(dump_of(item), "object : some item\n"
+                             "|---------------\\\n"
+                             "|\t\ta : true\n"
+                             "|\t\t|---------------\\\n"
+                             "|\t\t|\t\tb : 1 x\n"
+                             "|\t\t|\t\t|\n"
+                             "|\t\t|\t\tend\n"
+                             "|\t\tc : 5 2\n"
+                             "|\t\t|\n"
+                             "|\t\tend\n"
+                             "end\n");
 }
 
 TEST(base_config_item, dumps_without_keys_and_by_the_stream_operator) {
     plain_item item("x");
     std::string const expected = "object : x\n|---------------\\\n|\t\tend\nend\n";
-    EXPECT_EQ(dumped(item), expected);
+    EXPECT_EQ(dump_of(item), expected);
     std::ostringstream stream;
     stream << std::setw(20);
     EXPECT_EQ(&(stream << item), &stream);
