@@ -20,8 +20,8 @@ namespace {
 
 constexpr char separator = '\x01';
 
-// No `double` has more significant digits, and what the standard library allocates for a number grows with
-// the precision, not with the digits.
+// No `double` has more significant digits. What the standard library takes of memory and time grows with the
+// precision, not with the digits; the greatest precisions are beyond it.
 constexpr std::uint32_t greatest_precision = 767;
 
 template <class Value>
