@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/virtual_slot.hpp"
+
 namespace {
 
 using namespace VELDRIN_2_18;
@@ -243,6 +245,18 @@ TEST(absolute_unit, calls_the_virtual_operations) {
     EXPECT_EQ(tested.as_int32(), 42);
     EXPECT_EQ(tested.as_double(), 42.5);
     EXPECT_EQ(length.value(), 25.4);
+}
+
+TEST(absolute_unit, virtual_operations_stand_in_their_fixed_order) {
+    using support::virtual_slot;
+    struct open_unit : absolute_unit {
+        using absolute_unit::do_as_double;
+        using absolute_unit::do_as_int32;
+        using absolute_unit::do_type;
+    };
+    EXPECT_EQ(virtual_slot(&open_unit::do_type), 0U);
+    EXPECT_EQ(virtual_slot(&open_unit::do_as_int32), 1U);
+    EXPECT_EQ(virtual_slot(&open_unit::do_as_double), 2U);
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/virtual_slot.hpp"
+
 namespace {
 
 using namespace VELDRIN_2_18;
@@ -136,6 +138,20 @@ TEST(device_unit, calls_the_virtual_operations) {
     EXPECT_EQ(tested.as_float(), 42.0F);
     EXPECT_EQ(tested.as_double(), 42.0);
     EXPECT_EQ(doubled.plain_type(), device_unit::dpx);
+}
+
+TEST(device_unit, virtual_operations_stand_in_their_fixed_order) {
+    using support::virtual_slot;
+    struct open_unit : device_unit {
+        using device_unit::do_as_double;
+        using device_unit::do_as_float;
+        using device_unit::do_as_int32;
+        using device_unit::do_type;
+    };
+    EXPECT_EQ(virtual_slot(&open_unit::do_type), 0U);
+    EXPECT_EQ(virtual_slot(&open_unit::do_as_int32), 1U);
+    EXPECT_EQ(virtual_slot(&open_unit::do_as_float), 2U);
+    EXPECT_EQ(virtual_slot(&open_unit::do_as_double), 3U);
 }
 
 } // namespace
