@@ -162,13 +162,13 @@ INSTANTIATE_TEST_SUITE_P(
         move{noon, milliseconds(INT64_C(2147483648) * 3600000), bad_day, june + "12:00:00.000"}));
 
 TEST_P(date_time_plus, moves_the_parts_or_fails) {
-    auto const& [start, duration, failure, end] = GetParam();
-    date_time_t by_name = start;
-    EXPECT_EQ(shown_failure([&] { EXPECT_EQ(&by_name.plus_assign(duration), &by_name); }), failure);
-    EXPECT_EQ(shown(by_name), end);
-    date_time_t by_operator = start;
-    EXPECT_EQ(shown_failure([&] { EXPECT_EQ(&(by_operator += duration), &by_operator); }), failure);
-    EXPECT_EQ(shown(by_operator), end);
+    move const& row = GetParam();
+    date_time_t by_name = row.start;
+    EXPECT_EQ(shown_failure([&] { EXPECT_EQ(&by_name.plus_assign(row.duration), &by_name); }), row.failure);
+    EXPECT_EQ(shown(by_name), row.end);
+    date_time_t by_operator = row.start;
+    EXPECT_EQ(shown_failure([&] { EXPECT_EQ(&(by_operator += row.duration), &by_operator); }), row.failure);
+    EXPECT_EQ(shown(by_operator), row.end);
 }
 
 class date_time_minus : public testing::TestWithParam<move> {};
@@ -197,13 +197,13 @@ INSTANTIATE_TEST_SUITE_P(
              "31.5.2021 00:00:00.004"}));
 
 TEST_P(date_time_minus, moves_the_parts_or_fails) {
-    auto const& [start, duration, failure, end] = GetParam();
-    date_time_t by_name = start;
-    EXPECT_EQ(shown_failure([&] { EXPECT_EQ(&by_name.minus_assign(duration), &by_name); }), failure);
-    EXPECT_EQ(shown(by_name), end);
-    date_time_t by_operator = start;
-    EXPECT_EQ(shown_failure([&] { EXPECT_EQ(&(by_operator -= duration), &by_operator); }), failure);
-    EXPECT_EQ(shown(by_operator), end);
+    move const& row = GetParam();
+    date_time_t by_name = row.start;
+    EXPECT_EQ(shown_failure([&] { EXPECT_EQ(&by_name.minus_assign(row.duration), &by_name); }), row.failure);
+    EXPECT_EQ(shown(by_name), row.end);
+    date_time_t by_operator = row.start;
+    EXPECT_EQ(shown_failure([&] { EXPECT_EQ(&(by_operator -= row.duration), &by_operator); }), row.failure);
+    EXPECT_EQ(shown(by_operator), row.end);
 }
 
 } // namespace
