@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "veldrin/functor/function.hpp"
+#include "veldrin/functor/function_type_interface.hpp"
 #include "veldrin/functor/member_function.hpp"
 
 namespace {

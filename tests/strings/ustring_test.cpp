@@ -13,7 +13,7 @@
 #include <gtest/gtest.h>
 
 #include "support/unit_texts.hpp"
-
+#include "veldrin/strings/unit_types.hpp"
 namespace {
 
 using namespace VELDRIN_2_18;

@@ -20,6 +20,7 @@
 #include "support/ascii_text.hpp"
 #include "veldrin/exceptions/logic_error.hpp"
 #include "veldrin/exceptions/runtime_error.hpp"
+#include "veldrin/types/radix.hpp"
 
 namespace {
 
