@@ -91,8 +91,7 @@ class xml_parser_error : public testing::TestWithParam<error_row> {};
 
 TEST_P(xml_parser_error, is_returned_behind_the_events_before_it) {
     error_row const& row = GetParam();
-    EXPECT_EQ(support::parse(row.text), (outcome{row.events, row.type, row.line, row.message}))
-        << row.text;
+    EXPECT_EQ(support::parse(row.text), (outcome{row.events, row.type, row.line, row.message})) << row.text;
 }
 
 error_row const unexpected_eof_rows[] = {

@@ -14,6 +14,7 @@
 
 #include "support/unit_texts.hpp"
 #include "veldrin/strings/unit_types.hpp"
+
 namespace {
 
 using namespace VELDRIN_2_18;
