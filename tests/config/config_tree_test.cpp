@@ -123,6 +123,13 @@ TEST(parse_string, may_write_over_its_key) {
     EXPECT_EQ(other + "|" + key, "long|Tail.More");
     parsed(key, key, other);
     EXPECT_EQ(key + "|" + other, "tail|More");
+
+    // A head this long takes the storage of the key away.
+    ustring8 const segment(1 << 20, 's');
+    key = segment + ".More";
+    parsed(key, key, other);
+    EXPECT_EQ(key, segment);
+    EXPECT_EQ(other, "More");
 }
 
 TEST(config_tree, lowers_all_letters_and_only_them) {
