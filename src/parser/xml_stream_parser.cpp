@@ -485,19 +485,22 @@ ustring8 xml_stream_parser::parse_numbered_entity() {
 // comment: "<!--" {byte} "-->", where "--" stands nowhere else
 bool xml_stream_parser::finish_comment() {
     constexpr std::string_view closer = "-->";
-    for (; m_input->left() > closer.size(); m_input->step()) {
-        if (m_input->byte() != '-' || m_input->byte(1) != '-') {
-            continue;
-        }
-        if (m_input->byte(2) != '>') {
-            throw syntax_error;
-        }
-        m_in_comment = false;
-        m_input->advance(closer.size());
-        break;
+    while (m_input->left() > closer.size() && (m_input->byte() != '-' || m_input->byte(1) != '-')) {
+        m_input->step();
     }
+    // Also ahead of an error: the mark must not stay at the opener, which would be read as part of the
+    // comment.
     m_input->set_mark();
-    return !m_in_comment;
+    if (m_input->left() <= closer.size()) {
+        return false;
+    }
+    if (m_input->byte(2) != '>') {
+        throw syntax_error;
+    }
+    m_input->advance(closer.size());
+    m_input->set_mark();
+    m_in_comment = false;
+    return true;
 }
 
 void xml_stream_parser::skip_whitespace() {

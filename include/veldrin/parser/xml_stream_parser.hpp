@@ -215,8 +215,10 @@ protected:
     // Opens an element: its node at the end of the queue, and its tag as the innermost one.
     void new_node(strings::ustring8 const& name, error_type status, bool available);
 
-    // Closes the innermost tag. Its node, which is the end of the queue if it is there no more, is available
-    // then, with the status `no_error`.
+    // The node of the innermost tag; the end of the queue if it is there no more, or no tag is open.
+    node_position innermost_node();
+
+    // Closes the innermost tag. The node at the position is available then, with the status `no_error`.
     void close_tag(node_position const& position);
 
     // The node at the end of an open node.
@@ -246,7 +248,6 @@ private:
     strings::ustring8 parse_numbered_entity();
     void drop_unfinished();
     bool find_start_tag(std::list<strings::ustring8> const& names);
-    node_position innermost_node();
     void pop_tag();
     void pop_id();
 
