@@ -179,7 +179,7 @@ TEST(byte_order, every_bit_pattern_comes_back) {
     for_each_family([&]<class T>(char const* name, family<T> const& of) {
         SCOPED_TRACE(name);
         std::vector<std::string> patterns = {std::string(sizeof(T), '\0'), std::string(sizeof(T), '\xff')};
-        for (std::uint64_t const nan : {0x7ff0000000000001, 0x7ff8000000000001, 0x7f8000017f800001}) {
+        for (std::uint64_t const nan : {0x7ff0000000000001U, 0x7ff8000000000001U, 0x7f8000017f800001U}) {
             patterns.push_back(bytes_in_memory(nan).substr(0, sizeof(T)));
             patterns.push_back(bytes_in_memory(~nan).substr(0, sizeof(T)));
         }
