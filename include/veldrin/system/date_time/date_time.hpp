@@ -4,12 +4,12 @@
 // carries from the time into the date, a `date_duration` does nothing, and 24 hours or more overwrite the day
 // of the month. Where a moment is to be moved by days, move the date and put it back.
 //
-//     using namespace veldrin::system::date_time;
-//     date_time_t moment(date(15, 6, 2021), time(23, 0, 0, 0));
-//     moment += time_duration(2, 0, 0, 0);                      // 15 June 2021, 01:00
-//     moment += date_duration(5);                               // the same
-//     date day = moment.date();
-//     day += date_duration(5);
+//     namespace dt = system::date_time;
+//     dt::date_time_t moment(dt::date(15, 6, 2021), dt::time(23, 0, 0, 0));
+//     moment += dt::time_duration(2, 0, 0, 0);                  // 15 June 2021, 01:00
+//     moment += dt::date_duration(5);                           // the same
+//     dt::date day = moment.date();
+//     day += dt::date_duration(5);
 //     moment = day;                                             // 20 June 2021, 01:00
 
 #pragma once

@@ -2,7 +2,7 @@
 //
 // A time of day, to the millisecond. Arithmetic stays inside the day and wraps past midnight.
 //
-//     using namespace veldrin::system::date_time;
+//     using system::date_time::time, system::date_time::time_duration;
 //     time const late(23, 30, 0, 0);
 //     time const early = late + time_duration(1, 0, 0, 0);   // 00:30:00.000
 //     time_duration const apart = early - late;              // -23 hours: the midnight between is not seen
