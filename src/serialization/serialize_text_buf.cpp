@@ -33,8 +33,8 @@ void append_integer(std::string& data, Value value, void (*format)(Value, char*,
     data.append(field, length + 1);
 }
 
-// Where a stream writes one field: the digits, with a grouping character in front of each at worst, and what
-// else stands in a number.
+// Where a stream writes one field. The longest is a small number with all its digits; grouping characters
+// take less room, since they stand only in front of a point.
 class field_area : public std::streambuf {
 public:
     field_area() { setp(m_text, m_text + sizeof m_text); }
@@ -42,7 +42,7 @@ public:
     std::string_view text() const { return {pbase(), static_cast<std::size_t>(pptr() - pbase())}; }
 
 private:
-    char m_text[2 * greatest_precision + 64];
+    char m_text[sizeof "-.e-308" + greatest_precision];
 };
 
 template <class Real>
@@ -59,7 +59,7 @@ void append_real(std::string& data, Real value, std::uint32_t precision) {
 template <class Value>
 Value integer_in(std::string_view field,
                  Value (*parse)(char const*, std::uint64_t, types::radix_t::base, bool)) {
-    // To the parsers, a length of 0 is a text up to its terminator.
+    // To the parsers, a length of 0 is a text up to its terminator: all that is left to read.
     return field.empty() ? Value{0} : parse(field.data(), field.size(), types::radix_t::detect, false);
 }
 
