@@ -43,10 +43,12 @@ std::optional<std::string> next_string(std::string_view text, std::int64_t& posi
     std::string string(text.substr(static_cast<std::size_t>(start),
                                    length < 0 ? std::string_view::npos : static_cast<std::size_t>(length)));
     std::int64_t const behind = start + length + 1;
-    if (behind >= 0 && behind <= position + static_cast<std::int64_t>(string.size())) {
+    if (behind >= 0 && behind <= position) {
         return std::nullopt;
     }
-    position = behind < 0 ? size : std::min(behind, size);
+    // The bytes of a negative length are not read again.
+    bool const is_last = behind < 0 || behind <= position + static_cast<std::int64_t>(string.size());
+    position = is_last ? size : std::min(behind, size);
     return string;
 }
 

@@ -27,13 +27,20 @@ class string_reader : public serialize_text_buf {
 public:
     explicit string_reader(std::string&& text) { m_data = std::move(text); }
 
-    // Nothing if the text makes no sense here. A negative length gives bytes that the cursor does not pass:
-    // they would be read again, and groups within groups of them, without an end in sight.
+    // Nothing if the text makes no sense here. A negative length takes all bytes that are left and may leave
+    // the cursor in front of them: to read them again, and groups within groups of them, would have no end in
+    // sight, so nothing is left behind such a string.
     std::optional<std::string> next() const {
         std::uint64_t const start = m_read_pos;
         try {
             std::string string = read_string();
-            return m_read_pos > start + string.size() ? std::optional(std::move(string)) : std::nullopt;
+            if (m_read_pos <= start) {
+                return std::nullopt;
+            }
+            if (m_read_pos <= start + string.size()) {
+                m_read_pos = no_position;
+            }
+            return string;
         } catch (std::out_of_range const&) {
             return std::nullopt;
         }

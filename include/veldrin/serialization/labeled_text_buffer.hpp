@@ -36,8 +36,10 @@ namespace VELDRIN_2_18::serialization {
 // without members in its group reads back as an empty text.
 //
 // Reading ends at an empty label. So a buffer with a value under the empty label, which is rendered first,
-// reads back empty, whatever else it held. It also ends after a label with nothing behind it, which gets an
-// empty text or group, and at a string that makes no sense. Groups nested more than 1000 deep read as empty.
+// reads back empty, whatever else it held. It also ends behind a label with nothing behind it, which gets an
+// empty text or group, behind a string of negative length, which takes all that is left, and at a string that
+// makes no sense. Groups nested more than 1000 deep read as empty; in memory they may nest as deep as the
+// stack carries.
 class VELDRIN_EXPORT labeled_text_buffer : public labeled_serialize_buffer {
 public:
     // Empty.
