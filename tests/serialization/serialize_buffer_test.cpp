@@ -71,6 +71,17 @@ TEST(serialize_buffer, has_its_virtual_operations_in_their_fixed_order) {
     EXPECT_EQ(virtual_slot(&buffer::clone), 33U);
 }
 
+TEST(serialize_buffer, has_its_bases_in_their_fixed_order) {
+    serialize_binary_buf const buffer;
+    auto const offset_of = [&](auto const& base) {
+        return reinterpret_cast<std::uintptr_t>(&base) - reinterpret_cast<std::uintptr_t>(&buffer);
+    };
+    using counted = generic::abilities::reference_count_pointer_ability<serialize_buffer>;
+    EXPECT_EQ(offset_of(static_cast<generic::abilities::create_ability const&>(buffer)), 0U);
+    EXPECT_EQ(offset_of(static_cast<generic::abilities::clone_ability const&>(buffer)), sizeof(void*));
+    EXPECT_EQ(offset_of(static_cast<counted const&>(buffer)), 2 * sizeof(void*));
+}
+
 // What holds for both forms.
 template <class Form>
 class serialize_forms : public testing::Test {
