@@ -295,6 +295,19 @@ TEST_F(timer_over_fake_clocks, takes_the_overhead_off_the_running_interval) {
     watch.reset();
 }
 
+TEST_F(timer_over_fake_clocks, takes_the_overhead_of_the_running_interval_off_the_sum) {
+    timer watch;
+    timer::overhead_microseconds(10);
+    counter_reads({100, 150, 200, 204, 204});
+    watch.start();
+    watch.stop();
+    EXPECT_EQ(watch.elapsed_time(), 40U);
+    watch.start();
+    EXPECT_EQ(watch.elapsed_time(), 34U);
+    watch.stop();
+    EXPECT_EQ(watch.elapsed_time(), 40U);
+}
+
 TEST_F(timer_over_fake_clocks, takes_nothing_off_without_an_overhead) {
     timer watch;
     counter_reads({100, 101, 102});

@@ -59,8 +59,8 @@ public:
     void restart();
 
     // The time added up, that of a running timer since its start included, in whole units of the resolution.
-    // At microseconds the overhead is off each finished interval and the running one; no interval counts less
-    // than 0 for that.
+    // At microseconds the overhead is off each finished interval, which counts no less than 0 for that. While
+    // the timer runs it is off the sum once more, which then is no less than 0.
     std::uint64_t elapsed_time() const;
 
     bool is_timer_running() const { return m_start_time != 0; }
