@@ -72,7 +72,9 @@ public:
     date const& operator+=(date_duration const& duration) { return plus_assign(duration); }
 
     // The same in the other direction, but throws `exceptions::out_of_range`, leaving the date as it was, if
-    // that would lead to a day before 1 March of the year 0.
+    // that would lead to a day before 1 March of the year 0. Day numbers are compared as signed 32-bit
+    // numbers there: those from 9 September 5879610 on are negative, and only a count below that of the date
+    // can be taken off it.
     date const& minus_assign(date_duration const& duration);
     date const& operator-=(date_duration const& duration) { return minus_assign(duration); }
 
