@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "support/allocations.hpp"
+
 namespace {
 
 using namespace VELDRIN_2_18::generic::convert;
@@ -213,6 +215,20 @@ TEST(byte_order, bytes_are_read_at_any_address) {
                 EXPECT_EQ(order.from_pointer(moved.data() + offset), order.from_pointer(bytes.data()))
                     << name;
             }
+        }
+    });
+}
+
+TEST(byte_order, reading_allocates_nothing) {
+    std::string const bytes(100, '\x40');
+    std::string const few(4, '\x40');
+    for_each_family([&]<class T>(char const* name, family<T> const& of) {
+        for (auto const& order : {of.plain, of.little, of.big}) {
+            std::size_t const before = support::allocations;
+            order.from_pointer(bytes.data());
+            order.from_string(bytes);
+            order.from_string(few);
+            EXPECT_EQ(support::allocations, before) << name;
         }
     });
 }
