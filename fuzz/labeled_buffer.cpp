@@ -47,8 +47,7 @@ std::optional<std::string> next_string(std::string_view text, std::int64_t& posi
         return std::nullopt;
     }
     // The bytes of a negative length are not read again.
-    bool const is_last = behind < 0 || behind <= position + static_cast<std::int64_t>(string.size());
-    position = is_last ? size : std::min(behind, size);
+    position = length < 0 ? size : std::min(behind, size);
     return string;
 }
 

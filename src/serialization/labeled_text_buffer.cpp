@@ -37,7 +37,7 @@ public:
             if (m_read_pos <= start) {
                 return std::nullopt;
             }
-            if (m_read_pos <= start + string.size()) {
+            if (m_length < 0) {
                 m_read_pos = no_position;
             }
             return string;
@@ -45,6 +45,12 @@ public:
             return std::nullopt;
         }
     }
+
+    // `read_string` reads its length by this.
+    std::int32_t read_int32() const override { return m_length = serialize_text_buf::read_int32(); }
+
+private:
+    mutable std::int32_t m_length = 0;
 };
 
 } // namespace

@@ -361,6 +361,9 @@ TEST(labeled_text_buffer, reads_malformed_text_as_far_as_it_makes_sense) {
         {good + framed("b") + "-3\1" + good, good + framed("b", good)},
         {good + framed("b") + "-1\1xy", good + framed("b", "xy")},
         {good + framed("b") + "-1\1xyz", good + framed("b", "xyz")},
+        // however many digits the length has,
+        {"-00000001\1" + framed("b", "c"), framed(framed("b", "c"), "")},
+        {framed("b") + "-0x0000000001\1" + framed("c", "d"), framed("b", framed("c", "d"))},
         // or leads back to where it stands, or further, or in front of the data.
         {good + "-4\1" + good, good},
         {good + "-5\1" + good, good},
