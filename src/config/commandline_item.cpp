@@ -185,8 +185,9 @@ base_config_item* commandline_item::clone() const {
 }
 
 void commandline_item::set_application_name(char const* path) {
-    std::string const whole = path != nullptr ? path : "";
-    std::string const base = whole.substr(whole.rfind('\\') + 1);
+    std::vector<std::string> const folders =
+        strings::split_string(std::string(path != nullptr ? path : ""), "\\", 0);
+    std::string const base = folders.empty() ? "" : folders.back();
     set("application.name", base, 0);
     std::vector<std::string> const parts = strings::split_string(base, ".", 0);
     if (parts.size() > 1) {

@@ -220,8 +220,12 @@ TEST(commandline_item, splits_the_name_of_the_program) {
         // Empty names.
         {"", "application.name=1: application.name.raw=1:"},
         {"\\", "application.name=1: application.name.raw=1:"},
-        {"D:\\tools\\", "application.name=1: application.name.raw=1:"},
-        {"tool.exe\\", "application.name=1: application.name.raw=1:"},
+        {"\\\\", "application.name=1: application.name.raw=1:"},
+        // Behind a backslash at the end there is no part.
+        {"D:\\tools\\", "application.name=1:tools application.name.raw=1:"},
+        {"tool.exe\\",
+         "application.name=1:tool.exe application.name.extention=1:exe application.name.raw=1:tool"},
+        {"tool.exe\\\\", "application.name=1: application.name.raw=1:"},
     };
     for (row const& row : rows) {
         SCOPED_TRACE(row.path);

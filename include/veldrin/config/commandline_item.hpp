@@ -53,8 +53,9 @@ public:
     //     application.name              what stands behind the last backslash: "my.app.exe"
     //     application.name.extention    what stands behind the last dot of that: "exe"; not set without a dot
     //     application.name.raw          what stands in front of it, without the dots: "myapp"
-    // Only the backslash separates, so "./tool" has the extension "/tool" and an empty raw name; and so has a
-    // name without a dot. Then it reads the options.
+    // Only the backslash separates, so "./tool" has the extension "/tool" and an empty raw name; a name
+    // without a dot has an empty raw name too. One backslash at the very end, or one dot, separates nothing.
+    // Then it reads the options.
     bool load() override;
 
     // The list is not looked at.
