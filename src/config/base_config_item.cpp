@@ -77,16 +77,24 @@ void base_config_item::set(ustring8 const& text, unsigned int flags) {
 void base_config_item::set_array(ustring8 const& key, generic::varg_list const& values,
                                  generic::varg_list const& element_flags) {
     set(key, types::nil, config_tree::flag_array);
+    if (!values.empty()) {
+        set_elements(tree.node_at(key + '.'), values, element_flags);
+    }
+}
+
+// The elements are named below their parent: a long key is not looked up again for each of them.
+void base_config_item::set_elements(config_tree& parent, generic::varg_list const& values,
+                                    generic::varg_list const& element_flags) {
     for (std::uint64_t index = 0; index < values.count(); ++index) {
-        ustring8 const element_key = key + '.' + std::to_string(index);
+        ustring8 const name(std::to_string(index));
         types::variant const& value = values[index].value();
         if (element_flags.empty()) {
-            set(element_key, value, 0);
+            parent.set_node(name, value, 0);
         } else if (index < element_flags.count()) {
-            set(element_key, value, element_flags[index].value().as_uint32());
+            parent.set_node(name, value, element_flags[index].value().as_uint32());
         } else {
             // Behind the last flag it is the number that is stored, not the value.
-            set(element_key, value.as_uint32(), 0);
+            parent.set_node(name, value.as_uint32(), 0);
         }
     }
 }

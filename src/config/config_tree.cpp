@@ -74,12 +74,7 @@ void config_tree::erase() {
 }
 
 void config_tree::set_node(ustring8 const& key, types::variant const& value, unsigned int flags) {
-    config_tree* node = this;
-    std::string_view rest = key;
-    do {
-        node = &node->child_named(take_segment(rest));
-    } while (!rest.empty());
-    node->entry = entry_type(flags | flag_set, value);
+    node_at(key).entry = entry_type(flags | flag_set, value);
 }
 
 config_tree::entry_type const* config_tree::get_node(ustring8 const& key) const {
@@ -173,6 +168,15 @@ config_tree const* config_tree::find(std::string_view key) const {
         node = found->second.get();
     } while (!key.empty());
     return node;
+}
+
+// Makes the nodes that are missing.
+config_tree& config_tree::node_at(std::string_view key) {
+    config_tree* node = this;
+    do {
+        node = &node->child_named(take_segment(key));
+    } while (!key.empty());
+    return *node;
 }
 
 // Nothing is inserted before there is a node.

@@ -103,6 +103,7 @@ private:
     // section: "[" name "]"
     void read_section() {
         m_section.clear();
+        m_section_node = nullptr;
         for (next_in_name(); !has(config_token::T_EBRACKET) && !has(config_token::T_END); next_in_name()) {
             m_section += m_token.text;
         }
@@ -127,7 +128,7 @@ private:
             value += m_token.text;
         }
         if (!value.empty()) {
-            m_item.set(m_section + key, variant(value), 0);
+            section_node().set_node(key, variant(value), 0);
         }
     }
 
@@ -152,9 +153,25 @@ private:
         }
         if (!value.empty()) {
             m_elements.push_back(variant(value));
-            m_item.set_array(m_section + key, m_elements, varg_list());
+            set_array(key);
             m_elements.clear();
         }
+    }
+
+    // Behind the dot of a section an empty key adds nothing: the head is the section's own node.
+    void set_array(ustring8 const& key) {
+        config_tree& top = section_node();
+        config_tree& head = key.empty() && !m_section.empty() ? top : top.node_at(key);
+        head.entry = {config_tree::flag_set | config_tree::flag_array, types::nil};
+        set_elements(top.node_at(key + '.'), m_elements, varg_list());
+    }
+
+    // The node that keys are below, made by the first of them: a long name is not looked up again for each.
+    config_tree& section_node() {
+        if (m_section_node == nullptr) {
+            m_section_node = m_section.empty() ? &m_item.tree : &m_item.tree.node_at(m_section);
+        }
+        return *m_section_node;
     }
 
     file_item& m_item;
@@ -162,6 +179,7 @@ private:
     unsigned int m_position = 0;
     config_token m_token;
     ustring8 m_section;
+    config_tree* m_section_node = nullptr;
     varg_list m_elements;
 };
 

@@ -81,6 +81,26 @@ TEST_F(hostile_file, texts_of_a_megabyte) {
     EXPECT_EQ(count_of_nodes(), 1U);
 }
 
+// Else a file of two megabytes could keep a program busy for hours.
+TEST_F(hostile_file, a_long_name_is_not_written_again_for_each_key_and_element) {
+    std::string const long_name = repeated("x", million);
+    std::string const deep_name(million, '.');
+    for (std::string const& name : {long_name, deep_name}) {
+        for (char const* const statement : {"a=1\n", "a[]=1\n", "\"[]\"=1\n", "a[]=1,\"\"\nb[]=2\n"}) {
+            SCOPED_TRACE(statement);
+            std::string const text = "[" + name + "]\n" + repeated(statement, 10000);
+            directory.file("test.cfg", text);
+            item.unload();
+            EXPECT_LT(support::memory_taken_by([&] { item.load(); }), text.size() * 500);
+        }
+        std::string const text = name + "x[]=" + repeated("1,", 10000) + "1";
+        directory.file("test.cfg", text);
+        item.unload();
+        EXPECT_LT(support::memory_taken_by([&] { item.load(); }), text.size() * 500);
+        EXPECT_EQ(item.get_value(name + "x.5000")->second.as_string(), "1");
+    }
+}
+
 TEST_F(hostile_file, strings_that_never_end) {
     std::string const text = repeated("x\n", million);
     load("a = \"" + text, 10);

@@ -378,6 +378,11 @@ TEST(file_item, reads_sections) {
         {"[one]\na = 1\n[two]\nb = 2", "one=0:1 one.a=1:1 two=0:1 two.b=1:2"},
         {"[one]\na = 1\n[two]\nb = 2\n[one]\nc = 3", "one=0:1 one.a=1:1 one.c=1:3 two=0:1 two.b=1:2"},
         {"[One.Two]\na.b = 1", "one=0:1 one.two=0:1 one.two.a=0:1 one.two.a.b=1:1"},
+        {"[s]\n.a = 1\nb. = 2\n.. = 3", "s=0:1 s.=0:1 s..=1:3 s..a=1:1 s.b=1:2"},
+        {"[s\\]\na = 1", "s=0:1 s.=0:1 s..a=1:1"},
+        {"[s]\na = 1\n[s.a]\nb = 2\n[s]\na = 3", "s=0:1 s.a=1:3 s.a.b=1:2"},
+        // A section without keys makes no node, nor does an array that is not stored.
+        {"[one]\n[two]\na =\nb[] =\n[three]\nc = 1", "three=0:1 three.c=1:1"},
         {"[a b]\nc = 1", "ab=0:1 ab.c=1:1"},
         {"[\"a b\"]\nc = 1", "a b=0:1 a b.c=1:1"},
         {"[ a\n\tb ]\nc = 1", "ab=0:1 ab.c=1:1"},
@@ -435,6 +440,13 @@ TEST(file_item, reads_arrays) {
         // The brackets are all of the key.
         {"\"[]\" = 1", "=3:nil 0=1:1"},
         {"[s]\n\"[]\" = 1", "s=3:nil s.=0:1 s..0=1:1"},
+        {"[s]\na = 1\n\"[]\" = 2", "s=3:nil s.=0:1 s..0=1:2 s.a=1:1"},
+        {"[s.]\n\"[]\" = 1", "s=0:1 s.=3:nil s..=0:1 s...0=1:1"},
+        {"[.]\n\"[]\" = 1", "=0:1 =3:nil =0:1 0=1:1"},
+        // A separator in front of the brackets adds nothing to the head and a segment to the elements.
+        {"a.[] = 1", "a=3:nil a.=0:1 a..0=1:1"},
+        {"[s]\n.[] = 1", "s=0:1 s.=3:nil s..=0:1 s...0=1:1"},
+        {"[s]\na/[] = 1, 2", "s=0:1 s.a=3:nil s.a.=0:1 s.a..0=1:1 s.a..1=1:2"},
     });
 }
 

@@ -12,6 +12,7 @@ namespace support {
 
 inline std::size_t bytes_in_use = 0;
 inline std::size_t most_bytes_in_use = 0;
+inline std::size_t bytes_taken = 0;
 
 // How many bytes more than before it, at most, were in use at one time while the function ran.
 template <class Function>
@@ -20,6 +21,14 @@ std::size_t peak_memory_of(Function function) {
     most_bytes_in_use = before;
     function();
     return most_bytes_in_use - before;
+}
+
+// How many bytes were taken while the function ran, whether they were given back or not.
+template <class Function>
+std::size_t memory_taken_by(Function function) {
+    std::size_t const before = bytes_taken;
+    function();
+    return bytes_taken - before;
 }
 
 // In front of each block stands its size.
@@ -33,6 +42,7 @@ inline constexpr std::size_t header_size = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
         throw std::bad_alloc();
     }
     *block = size;
+    support::bytes_taken += size;
     support::bytes_in_use += size;
     support::most_bytes_in_use = std::max(support::most_bytes_in_use, support::bytes_in_use);
     return reinterpret_cast<char*>(block) + support::header_size;

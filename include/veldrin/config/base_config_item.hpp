@@ -111,6 +111,12 @@ protected:
 
     strings::ustring8 id;
     config_tree tree;
+
+private:
+    friend class file_item;
+
+    static void set_elements(config_tree& parent, generic::varg_list const& values,
+                             generic::varg_list const& element_flags);
 };
 
 // `item.dump(os)`.

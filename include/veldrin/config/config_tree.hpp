@@ -108,12 +108,15 @@ protected:
     entry_type entry;
 
 private:
+    friend class base_config_item;
+    friend class file_item;
     friend class _private::cfg_writer;
 
     template <class Enter, class Leave>
     static void walk(config_tree const& top, Enter enter, Leave leave);
 
     config_tree const* find(std::string_view key) const;
+    config_tree& node_at(std::string_view key);
     config_tree& child_named(strings::ustring8 const& name);
     void copy_children(config_tree const& source);
 };
