@@ -55,8 +55,11 @@ ustring8 source_of(config_manager const& manager, ustring8 const& key) {
         return "default";
     }
     auto const& [flags, value] = *item->get_value(key);
-    bool const is_alias = (flags & config_tree::flag_alias) != 0;
-    return is_alias ? ustring8("stands for " + value.as_string()) : item->get_id();
+    if ((flags & config_tree::flag_alias) == 0) {
+        return item->get_id();
+    }
+    ustring8 const target = value.as_string();
+    return "stands for " + target + ": " + source_of(manager, target);
 }
 
 // An array, or a single text: "-include=*.raw" is one. The manager's own `get_array` passes over a source
