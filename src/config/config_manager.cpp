@@ -140,6 +140,7 @@ rc_pointer<base_config_item> config_manager::get_config_item(ustring8 const& id)
 }
 
 void config_manager::dump(std::ostream& os) const {
+    os.width(0);
     os << "config_manager:\n";
     for (rc_pointer<base_config_item> const& item : m_items) {
         os << "\nconfig_item:\n";

@@ -5,11 +5,14 @@
 
 #include <gtest/gtest.h>
 
+#include "support/virtual_slot.hpp"
+
 namespace {
 
 using namespace VELDRIN_2_18;
 using config::config_dispatch;
 using config::item_list;
+using support::virtual_slot;
 
 static_assert(std::is_abstract_v<config_dispatch>);
 static_assert(std::has_virtual_destructor_v<config_dispatch>);
@@ -34,6 +37,14 @@ public:
 private:
     int& m_alive;
 };
+
+TEST(config_dispatch, has_its_virtual_operations_in_their_fixed_order) {
+    EXPECT_EQ(virtual_slot(&config_dispatch::setup), 2U);
+    EXPECT_EQ(virtual_slot(&config_dispatch::load), 3U);
+    EXPECT_EQ(virtual_slot(&config_dispatch::unload), 4U);
+    EXPECT_EQ(virtual_slot(&config_dispatch::save), 5U);
+    EXPECT_EQ(virtual_slot(&config_dispatch::clone), 6U);
+}
 
 TEST(config_dispatch, is_destroyed_as_what_it_is) {
     int alive = 0;

@@ -442,6 +442,7 @@ TEST(config_manager, dumps_all_items) {
                              "\nno more config_items!\n\nending output\n";
     EXPECT_EQ(dump_of(manager), dump);
     std::ostringstream stream;
+    stream.width(60);
     EXPECT_EQ(&(stream << manager), &stream);
     EXPECT_EQ(stream.str(), dump);
 }
