@@ -65,13 +65,16 @@ public:
     // - a key is written in every section whose name is as long as that of its own;
     // - the key behind an array is not written in the section of that array;
     // - array elements are in byte order of their names: 0, 1, 10, 2;
-    // - a value with a blank, a tab or a line end is quoted, no other: one with "#", "//" or, in an array, a
-    //   comma reads back cut;
+    // - a name or value with a blank, a tab or a line end is quoted, no other: a value with "#", "//" or, in
+    //   an array, a comma reads back cut;
     // - a double quote is written as it is, and a backslash, at the end of a quoted value too;
-    // - the "=" behind a key makes one operator with a "=" at the front of the value, as well as with a "+"
-    // or
-    //   its like at the end of the key;
-    // - an empty value reads back as none, flags not at all.
+    // - the "=" behind a key makes one operator with a "=" at the front of the value, and with one of the
+    //   bytes "=+-*<>:" at the end of the key;
+    // - neither does a key that starts with "#" or "[", ends in "[]" or holds a "=" read back as it was, nor
+    //   a section with a "]" in its name;
+    // - an empty value and a nil one read back as none; an array whose last element is empty runs on into the
+    //   next line;
+    // - of the flags only those of an array read back: an alias becomes a text.
     bool save() override;
 
     // Writes nothing.
