@@ -1,5 +1,6 @@
 #include "veldrin/serialization/labeled_serialize_buffer.hpp"
 
+#include <cstdint>
 #include <string>
 #include <type_traits>
 
@@ -52,6 +53,17 @@ TEST(labeled_serialize_buffer, virtual_operations_stand_in_their_fixed_order) {
 
     using of_text_buffer = labeled_text_buffer& (labeled_text_buffer::*)(labeled_text_buffer const&);
     EXPECT_EQ(virtual_slot<of_text_buffer>(&labeled_text_buffer::assign), 17U);
+}
+
+TEST(labeled_serialize_buffer, has_its_bases_in_their_fixed_order) {
+    labeled_text_buffer const buffer;
+    auto const offset_of = [&](auto const& base) {
+        return reinterpret_cast<std::uintptr_t>(&base) - reinterpret_cast<std::uintptr_t>(&buffer);
+    };
+    using counted = generic::abilities::reference_count_pointer_ability<labeled_serialize_buffer>;
+    EXPECT_EQ(offset_of(static_cast<generic::abilities::create_ability const&>(buffer)), 0U);
+    EXPECT_EQ(offset_of(static_cast<generic::abilities::clone_ability const&>(buffer)), sizeof(void*));
+    EXPECT_EQ(offset_of(static_cast<counted const&>(buffer)), 2 * sizeof(void*));
 }
 
 TEST(labeled_serialize_buffer, is_assigned_by_assign) {

@@ -293,6 +293,17 @@ TEST(serialize_text_buf, keeps_a_real_to_its_precision) {
     EXPECT_TRUE(buffer.at_end());
 }
 
+TEST(serialize_text_buf, reads_zero_for_a_real_that_was_rounded_beyond_the_greatest) {
+    open_buffer buffer;
+    buffer.append_double(std::numeric_limits<double>::max(), 3);
+    buffer.append_float(-std::numeric_limits<float>::max(), 1);
+    buffer.append_float(-std::numeric_limits<float>::max(), 2);
+    EXPECT_EQ(buffer.as_str(), buffer_of("1.8e+308|-3e+38|-3.4e+38|").as_str());
+    EXPECT_EQ(buffer.read_double(), 0.0);
+    EXPECT_EQ(buffer.read_float(), -3e38F);
+    EXPECT_EQ(buffer.read_double(), -3.4e38);
+}
+
 TEST(serialize_text_buf, reads_a_number_as_another_type) {
     form buffer;
     buffer.append_int8(-7);

@@ -32,7 +32,7 @@ namespace VELDRIN_2_18::serialization {
 // | string, the bytes of a buffer | a field with the length, the bytes, the byte 01                    |
 //
 // Reals are written and read by the global locale. They come back to their precision; infinities and NaNs
-// are written as words and read as 0.
+// are written as words and read as 0, as is a value that its precision rounds beyond the greatest one.
 //
 // A number takes the text up to the next 01 and parses it as generic/convert does: radix by the text, no
 // number gives 0, out of range the nearest bound. So it may be read as another type than it was written. A
