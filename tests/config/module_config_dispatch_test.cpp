@@ -15,6 +15,7 @@
 #include "veldrin/config/enviroment_item.hpp"
 #include "veldrin/config/file_item.hpp"
 #include "veldrin/config/user_item.hpp"
+#include "veldrin/generic/abilities/make_dynamic.hpp"
 
 namespace {
 
@@ -85,8 +86,7 @@ TEST_F(module_dispatch, needs_neither_files_nor_an_environment) {
 }
 
 TEST_F(module_dispatch, appends_to_the_list) {
-    user_item first;
-    items.push_back(&first);
+    items.push_back(generic::abilities::make_dynamic<user_item>());
     dispatch.setup(items);
     EXPECT_EQ(names_of(items),
               (texts{"user item", "file first.cfg", "file second.cfg", "enviroment", "user_item"}));

@@ -16,6 +16,7 @@
 #include "veldrin/config/enviroment_item.hpp"
 #include "veldrin/config/file_item.hpp"
 #include "veldrin/config/user_item.hpp"
+#include "veldrin/generic/abilities/make_dynamic.hpp"
 
 namespace {
 
@@ -78,8 +79,7 @@ TEST_F(std_dispatch, sets_up_its_three_sources) {
 }
 
 TEST_F(std_dispatch, appends_to_the_list) {
-    user_item first;
-    items.push_back(&first);
+    items.push_back(generic::abilities::make_dynamic<user_item>());
     dispatch.setup(items);
     dispatch.setup(items);
     EXPECT_EQ(ids_of(items),
