@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <type_traits>
 
@@ -16,12 +17,18 @@ bool reads_minus_one(Text const& text) {
 }
 
 // The converters of veldrin/strings/unicode.hpp answer bad text by the text "-1", which is a fine name for a
-// file, and those of UTF-16 do not return from a text that starts with the swapped mark. Here all of these
-// give nothing.
+// file; those of UTF-16 do not return from a text that starts with the swapped mark; those of UTF-32 leave
+// out units beyond Unicode, and what is left names another entry. Here all of these give nothing.
 template <class To, class From>
 std::optional<To> converted(From const& text, To (*convert)(From const&)) {
     if constexpr (std::is_same_v<From, strings::ustring16>) {
         if (!text.empty() && text.front() == strings::swapped_byte_order_mark) {
+            return std::nullopt;
+        }
+    }
+    if constexpr (std::is_same_v<From, strings::ustring32>) {
+        auto const is_beyond_unicode = [](strings::utf32_unit unit) { return unit > 0x10FFFF; };
+        if (std::any_of(text.begin(), text.end(), is_beyond_unicode)) {
             return std::nullopt;
         }
     }

@@ -1,32 +1,15 @@
 #include "platform/directory.hpp"
 
-#include <memory>
 #include <mutex>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
-#include <dirent.h>
+#include "platform/directory_names.hpp"
 
 namespace VELDRIN_2_18::platform {
 
 namespace {
-
-struct directory_closer {
-    void operator()(DIR* directory) const { ::closedir(directory); }
-};
-
-// All names are read at once, so no descriptor outlives the call.
-std::vector<path_text> names_in(path_text const& directory) {
-    std::vector<path_text> names;
-    std::unique_ptr<DIR, directory_closer> const stream(::opendir(directory.c_str()));
-    if (stream != nullptr) {
-        while (dirent const* const entry = ::readdir(stream.get())) {
-            names.emplace_back(entry->d_name);
-        }
-    }
-    return names;
-}
 
 // The enumerations under way in all threads.
 class enumeration_table {
