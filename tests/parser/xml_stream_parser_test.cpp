@@ -211,8 +211,10 @@ TEST(xml_stream_file, that_vanishes_between_calls_is_an_error_for_good) {
     EXPECT_EQ(parser.parse(), parser_type::file_error);
     EXPECT_EQ(parser.recover(name_list{"a"}), parser_type::file_error);
     EXPECT_EQ(parser.parse(), parser_type::file_error);
-    // What was read before stays to be taken.
+    // What was read before stays to be taken, and nothing is read behind it.
     EXPECT_EQ(nodes_in(parser), (text_list{"+r", ".a '1'"}));
+    EXPECT_EQ(parser.error(), parser_type::file_error);
+    EXPECT_TRUE(parser.node_queue_empty());
 }
 
 TEST(xml_stream_file, that_vanishes_before_the_header_is_an_error_for_good) {
@@ -625,6 +627,23 @@ TEST(xml_stream_queue, is_not_held_back_while_fewer_than_two_can_be_taken) {
     file.append("</a></r>");
     EXPECT_EQ(parser.parse(), parser_type::end_of_document);
     EXPECT_EQ(parser.node_queue_size(), 503u);
+}
+
+TEST(xml_stream_queue, is_held_back_as_soon_as_two_can_be_taken) {
+    document const file(long_header + "<r><a/><b>" + elements(50));
+    parser_type parser(file.path(), 1);
+    EXPECT_EQ(parser.parse(), parser_type::no_error);
+    EXPECT_EQ(parser.node_queue_size(), 2u);
+    file.append(elements(100));
+    EXPECT_EQ(parser.parse(), parser_type::no_error);
+    // Of the 101 nodes, three stand in front of those.
+    std::int64_t const held_back = parser.parse_offset();
+    EXPECT_EQ(held_back, std::ssize(long_header) + 10 + std::ssize(elements(50)) + std::ssize(elements(48)));
+    EXPECT_EQ(parser.parse(), parser_type::no_error);
+    EXPECT_EQ(parser.parse_offset(), held_back);
+    EXPECT_EQ(text_of(parser.node_queue_pop()), "+r");
+    EXPECT_EQ(parser.parse(), parser_type::no_error);
+    EXPECT_EQ(parser.parse_offset(), parser.file_length());
 }
 
 TEST(xml_stream_queue, is_not_held_back_by_end_tags) {
@@ -1058,6 +1077,7 @@ TEST(xml_stream_cuts, table) {
         {"<r x='", 3, "need_more_data"},
         {"<r x='1", 3, "need_more_data"},
         {"<r x='1' y='", 9, "need_more_data"},
+        {"<r x='' y='", 8, "need_more_data"},
         {"<r x='&amp", 3, "need_more_data"},
         {"<r x='&\"/>", 3, "need_more_data"},
         {"<r x='&lt;", 3, "need_more_data"},
@@ -1256,6 +1276,26 @@ TEST(xml_stream_recovery, from_a_half_read_attribute_forgets_the_names_of_the_ot
     EXPECT_EQ(parser.recover(name_list{"a"}), parser_type::no_error);
     EXPECT_EQ(parser.parse(), parser_type::end_of_document);
     EXPECT_EQ(nodes_in(parser), (text_list{".a b=2", "!r"}));
+}
+
+TEST(xml_stream_recovery, from_a_half_read_end_tag_forgets_that_it_was_one) {
+    document const file(long_header + "<r><x></x y<a/>></r>");
+    parser_type parser(file.path(), 1);
+    EXPECT_EQ(parser.parse(), parser_type::syntax_error);
+    EXPECT_EQ(parser.recover(name_list{"a"}), parser_type::no_error);
+    EXPECT_EQ(parser.parse(), parser_type::syntax_error);
+    EXPECT_EQ(nodes_in(parser), (text_list{".a"}));
+}
+
+TEST(xml_stream_recovery, looks_at_start_tags_alone) {
+    document const file(long_header + "<r></x></a><!a><!-- <?a> -->");
+    parser_type parser(file.path(), 1);
+    EXPECT_EQ(parser.parse(), parser_type::tag_mismatch);
+    // A start tag without a name is the one of that name.
+    EXPECT_EQ(parser.recover(name_list{""}), parser_type::no_error);
+    EXPECT_EQ(parser.parse_offset(), std::ssize(long_header) + 20);
+    EXPECT_EQ(parser.parse(), parser_type::syntax_error);
+    EXPECT_EQ(parser.recover(name_list{""}), parser_type::recovery_failed);
 }
 
 TEST(xml_stream_recovery, of_a_name_that_never_comes_fails) {
@@ -1529,20 +1569,20 @@ TEST(xml_stream_tools, nodes_are_opened_and_closed) {
 }
 
 TEST(xml_stream_tools, stacks_are_never_popped_below_their_bottom) {
-    document const file(long_header + "<r ");
+    document const file(long_header + "<r a='0' ");
     open_parser parser(file.path(), 1);
     parser.parse();
     for (int round = 0; round < 3; ++round) {
         parser.close_tag(parser.innermost_node());
         parser.end_of_open_node("x", parser_type::no_error);
     }
-    // The tag that was open has been closed from outside.
+    // The tag that was open has been closed from outside, and its attributes are forgotten.
     file.append("a='1'/>");
     EXPECT_EQ(parser.parse(), parser_type::tag_mismatch);
     EXPECT_EQ(parser.parse(), parser_type::tag_mismatch);
     parser.new_node("y", parser_type::no_error, true);
     EXPECT_EQ(nodes_in(parser, numbered_text_of),
-              (text_list{"1<0 @1 .r", "1<0 @1 .x", "1<0 @1 .x", "1<0 @1 .x", "2<0 @1 .y"}));
+              (text_list{"1<0 @1 .r a=0", "1<0 @1 .x", "1<0 @1 .x", "1<0 @1 .x", "2<0 @1 .y"}));
 }
 
 } // namespace
