@@ -37,7 +37,8 @@ public:
     }
 
     // The path as `ustring8`, `ustring16` or `ustring32`; nothing if that would not lead back to this path.
-    // Only a `ustring32` is given all the same, with question marks.
+    // Only a `ustring32` may be one that does not: with question marks where the system takes UTF-8, with a
+    // character beyond U+FFFF where it takes UTF-16.
     template <class Text>
     std::optional<Text> as() const;
 

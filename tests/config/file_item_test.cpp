@@ -54,10 +54,12 @@ std::string loaded(std::string_view text) {
     return shown(item);
 }
 
+std::filesystem::path path_of(file_item const& item) { return std::string(item.get_filename()); }
+
 // What the item writes, with a bar for each line end.
 std::string saved(file_item& item) {
     EXPECT_TRUE(item.save());
-    std::string text = bytes_of(item.get_filename());
+    std::string text = bytes_of(path_of(item));
     for (std::size_t position = 0; (position = text.find("\r\n", position)) != text.npos;) {
         text.replace(position, 2, "|");
     }
@@ -608,7 +610,7 @@ TEST_F(file_saving, writes_what_the_sections_hold) {
     item.set("one.b", "x y", 0);
     item.set_array("three.list", generic::varg_list({"1"}, {"2 3"}), generic::varg_list());
     EXPECT_TRUE(item.save());
-    EXPECT_EQ(bytes_of(item.get_filename()),
+    EXPECT_EQ(bytes_of(path_of(item)),
               "[one]\r\na=1\r\nb=\"x y\"\r\n\r\n[three]\r\nlist[]=1,\"2 3\"\r\n\r\n");
     EXPECT_EQ(loaded_again(), shown(item));
 }
@@ -625,7 +627,7 @@ TEST_F(file_saving, replaces_the_whole_file) {
 TEST_F(file_saving, of_a_list_writes_nothing) {
     item.set("s.a", 1, 0);
     EXPECT_TRUE(item.save(item_list{&item}));
-    EXPECT_FALSE(std::filesystem::exists(item.get_filename()));
+    EXPECT_FALSE(std::filesystem::exists(path_of(item)));
 }
 
 TEST_F(file_saving, to_a_place_that_cannot_be_written_is_lost_without_a_word) {
@@ -859,11 +861,11 @@ TEST_F(file_saving, what_was_read_back_is_written_as_it_was) {
         item.unload();
         tree_generator(seed).fill(item);
         item.save();
-        std::string const written = bytes_of(item.get_filename());
+        std::string const written = bytes_of(path_of(item));
         item.unload();
         item.load();
         item.save();
-        EXPECT_EQ(bytes_of(item.get_filename()), written);
+        EXPECT_EQ(bytes_of(path_of(item)), written);
     }
 }
 

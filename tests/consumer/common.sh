@@ -10,9 +10,11 @@ need() {
     exit 77
 }
 
+# The line end is the platform's; under an emulator the name ends in ".exe".
 run_consumer() {
     local output
-    output=$(cd "$folder" && LD_LIBRARY_PATH=$(dirname "$(find "$prefix" -name 'libveldrin.*' | head -n 1)") ./consumer)
+    output=$(cd "$folder" && LD_LIBRARY_PATH=$(dirname "$(find "$prefix" -name 'libveldrin.*' | head -n 1)") \
+        WINEPATH="Z:$prefix/bin;${WINEPATH:-}" ${EMULATOR:-} ./consumer${EMULATOR:+.exe} | tr -d '\r')
     [ "$output" = "3 files copied" ] || { echo "the consumer printed: $output"; exit 1; }
 }
 

@@ -47,8 +47,12 @@ protected:
 
     platform::path path() const { return platform::path(strings::ustring8(m_directory.path())); }
 
-    std::vector<std::string> names_from(directory_handle handle, std::string name) const {
-        std::vector<std::string> names = {name};
+    static platform::path_text name_of(std::string const& text) {
+        return platform::path(strings::ustring8(text)).text();
+    }
+
+    std::vector<platform::path_text> names_from(directory_handle handle, platform::path_text name) const {
+        std::vector<platform::path_text> names = {name};
         while (platform::next_entry(handle, name)) {
             names.push_back(name);
         }
@@ -56,32 +60,33 @@ protected:
         return names;
     }
 
-    std::vector<std::string> const all_names = {
-        ".", "..", "a name that is too long to be kept inside the string object", "b"};
+    std::vector<platform::path_text> const all_names = {
+        name_of("."), name_of(".."), name_of("a name that is too long to be kept inside the string object"),
+        name_of("b")};
 
     support::temporary_directory m_directory;
 };
 
 TEST_F(enumeration, delivers_every_entry_the_special_ones_included) {
-    std::string name;
+    platform::path_text name;
     directory_handle const handle = platform::open_directory(path(), name);
     EXPECT_NE(handle, directory_handle::none);
     EXPECT_EQ(names_from(handle, name), all_names);
 }
 
 TEST_F(enumeration, stays_at_its_end) {
-    std::string name;
+    platform::path_text name;
     directory_handle const handle = platform::open_directory(path(), name);
     names_from(handle, name);
-    name = "untouched";
+    name = name_of("untouched");
     EXPECT_FALSE(platform::next_entry(handle, name));
     EXPECT_FALSE(platform::next_entry(handle, name));
-    EXPECT_EQ(name, "untouched");
+    EXPECT_EQ(name, name_of("untouched"));
     platform::close_directory(handle);
 }
 
 TEST_F(enumeration, is_over_once_closed) {
-    std::string name;
+    platform::path_text name;
     directory_handle const handle = platform::open_directory(path(), name);
     platform::close_directory(handle);
     EXPECT_FALSE(platform::next_entry(handle, name));
@@ -89,8 +94,8 @@ TEST_F(enumeration, is_over_once_closed) {
 }
 
 TEST_F(enumeration, is_independent_of_another_one) {
-    std::string first_name;
-    std::string second_name;
+    platform::path_text first_name;
+    platform::path_text second_name;
     directory_handle const first = platform::open_directory(path(), first_name);
     directory_handle const second = platform::open_directory(path(), second_name);
     EXPECT_NE(first, second);
@@ -100,25 +105,25 @@ TEST_F(enumeration, is_independent_of_another_one) {
 }
 
 TEST_F(enumeration, handle_none_stands_for_nothing) {
-    std::string name = "untouched";
+    platform::path_text name = name_of("untouched");
     EXPECT_FALSE(platform::next_entry(directory_handle::none, name));
     platform::close_directory(directory_handle::none);
-    EXPECT_EQ(name, "untouched");
+    EXPECT_EQ(name, name_of("untouched"));
 }
 
 TEST_F(enumeration, of_no_directory_does_not_start) {
-    std::string name = "untouched";
+    platform::path_text name = name_of("untouched");
     for (std::string const& bad :
          {m_directory.path("missing"), m_directory.path("b"), m_directory.path() + '\0'}) {
         EXPECT_EQ(platform::open_directory(platform::path(strings::ustring8(bad)), name),
                   directory_handle::none);
     }
-    EXPECT_EQ(name, "untouched");
+    EXPECT_EQ(name, name_of("untouched"));
 }
 
 TEST_F(enumeration, costs_nothing_once_read_to_its_end) {
     platform::path const directory = path();
-    std::string name(100, ' ');
+    platform::path_text name(100, ' ');
     auto const read_all = [&] {
         directory_handle const handle = platform::open_directory(directory, name);
         while (platform::next_entry(handle, name)) {
