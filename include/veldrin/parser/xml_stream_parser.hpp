@@ -115,12 +115,12 @@ public:
     xml_stream_parser& operator=(xml_stream_parser const&) = delete;
     ~xml_stream_parser();
 
-    // Reads on until the document ends, the data ends, something is wrong, or 100 nodes are in the queue, of
-    // which two can be taken. Returns the error as it is then:
+    // Reads on until the document ends, the data ends, something is wrong, or 100 nodes and more are in the
+    // queue, of which two can be taken. Returns the error as it is then:
     //
     // - `no_error`: to be called again when nodes have been taken, or the file has grown;
     // - `need_more_data`: the same, the data having ended within a construct. A file of fewer than 50 bytes
-    //   stays at this, and so does a construct of more than 65536;
+    //   stays at this, and so do a construct of more than 65536 and an end tag without a name;
     // - `end_of_document`, and all from `fatal_error` on: for good;
     // - all others: again at each call, until `recover` has found a place to go on from. The nodes up to
     //   there are in the queue.
