@@ -145,7 +145,7 @@ TYPED_TEST(counted_pointer, assigning_the_only_pointer_to_itself_keeps_the_objec
 }
 
 TYPED_TEST(counted_pointer, a_copy_of_itself_is_empty) {
-    alignas(TypeParam) std::byte storage[sizeof(TypeParam)];
+    alignas(TypeParam) std::byte storage[sizeof(TypeParam)] = {};
     auto* const place = reinterpret_cast<TypeParam*>(storage);
     new (storage) TypeParam(static_cast<TypeParam const&>(*place));
     EXPECT_TRUE(place->is_null());
