@@ -31,7 +31,7 @@ namespace VELDRIN_2_18::parser {
 
 namespace _private {
 class xml_stream_buffer;
-}
+} // namespace _private
 
 class VELDRIN_EXPORT xml_stream_parser {
 public:
