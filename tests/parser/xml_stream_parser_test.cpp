@@ -1366,6 +1366,16 @@ TEST(xml_stream_recovery, does_not_undo_the_end_of_the_document) {
     EXPECT_TRUE(parser.node_queue_empty());
 }
 
+TEST(xml_stream_recovery, looks_behind_the_end_of_the_document_but_reads_nothing_there) {
+    document const file(long_header + "<r></r><s></s>");
+    parser_type parser(file.path(), 1);
+    EXPECT_EQ(parser.parse(), parser_type::end_of_document);
+    EXPECT_EQ(parser.recover(name_list{"s"}), parser_type::no_error);
+    EXPECT_EQ(parser.parse_offset(), std::ssize(long_header) + 7);
+    EXPECT_EQ(parser.parse(), parser_type::no_error);
+    EXPECT_TRUE(parser.node_queue_empty());
+}
+
 TEST(xml_stream_recovery, fails_where_the_file_has_gone) {
     document const file(long_header + "<r></b>");
     parser_type parser(file.path(), 1);
@@ -1405,6 +1415,17 @@ TEST(xml_stream_errors, come_again_without_a_recovery) {
         EXPECT_EQ(parser.line(), line) << body;
         EXPECT_EQ(parser.node_queue_size(), 1u) << body;
     }
+}
+
+TEST(xml_stream_errors, wait_behind_a_full_queue) {
+    document const file(long_header + "<r>" + elements(99) + "</x>");
+    parser_type parser(file.path(), 1);
+    EXPECT_EQ(parser.parse(), parser_type::tag_mismatch);
+    EXPECT_EQ(parser.node_queue_size(), 100u);
+    EXPECT_EQ(parser.parse(), parser_type::no_error);
+    parser.node_queue_pop();
+    EXPECT_EQ(parser.parse(), parser_type::tag_mismatch);
+    EXPECT_EQ(parser.node_queue_size(), 99u);
 }
 
 // ---- The tools, as a derived class has them -------------------------------------------------------------

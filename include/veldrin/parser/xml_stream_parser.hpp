@@ -123,9 +123,10 @@ public:
     //   stays at this, and so do a construct of more than 65536 and an end tag without a name;
     // - `end_of_document`, and all from `fatal_error` on: for good;
     // - all others: again at each call, until `recover` has found a place to go on from. The nodes up to
-    //   there are in the queue.
+    //   there are in the queue; while it is full, a call gives `no_error` and does not come to the place.
     //
-    // What the standard library throws, such as `std::bad_alloc`, passes through and leaves `fatal_error`.
+    // What the standard library throws, such as `std::bad_alloc`, passes through. It leaves `fatal_error`,
+    // unless the file was being opened or read.
     error_type const& parse();
 
     error_type const& error() const { return m_error; }
@@ -135,7 +136,8 @@ public:
     // open nodes that have not ended. If the data ends before, the error is `recovery_failed`, and so `parse`
     // answers until `recover` finds one after all, as it may in a file that has grown. No names give
     // `recovery_failed` too, and nothing else is done. So it is with `fatal_error` before the root element.
-    // An error from `fatal_error` on stays.
+    // An error from `fatal_error` on stays. Behind the end of the document only what was read with it is
+    // looked at: the error is `no_error` if a name is found there, but `parse` reads nothing more.
     error_type const& recover(std::list<strings::ustring8> const& names);
 
     // The same for UTF-8 in `std::string`. A template, so that a list in braces means the other.
