@@ -3,6 +3,7 @@
 #include "veldrin/memory/pointers/counted_pointer.hpp"
 
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <string>
@@ -145,7 +146,10 @@ TYPED_TEST(counted_pointer, assigning_the_only_pointer_to_itself_keeps_the_objec
 }
 
 TYPED_TEST(counted_pointer, a_copy_of_itself_is_empty) {
-    alignas(TypeParam) std::byte storage[sizeof(TypeParam)] = {};
+    alignas(TypeParam) std::byte storage[sizeof(TypeParam)];
+    std::memset(storage, 0x5A, sizeof storage);
+    // Hidden from the optimiser, for which storage has no value before an object is made in it.
+    asm volatile("" : : "r"(storage) : "memory");
     auto* const place = reinterpret_cast<TypeParam*>(storage);
     new (storage) TypeParam(static_cast<TypeParam const&>(*place));
     EXPECT_TRUE(place->is_null());
