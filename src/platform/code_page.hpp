@@ -1,8 +1,8 @@
 // The platform's code page conversions. Both functions read up to and including the first zero unit and write
 // nothing beyond `output_size` units. They return the size of the result with its terminator counted, or 0 on
 // failure: an unknown code page, a result whose size does not fit an `int`, an output that is too small. An
-// output that is too small is filled all the same. An `output_size` of 0 asks for the needed size alone, and
-// `output` may be null.
+// output that is too small is filled all the same, with whole characters at least. An `output_size` of 0 asks
+// for the needed size alone, and `output` may be null.
 //
 // A character that the code page lacks becomes its best fit there, or the code page's default character.
 

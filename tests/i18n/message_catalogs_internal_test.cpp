@@ -104,11 +104,18 @@ TEST_F(load_directory, takes_files_by_their_extension_in_any_case) {
         directory.file(name, message_file(name));
     }
     for (std::string const name :
-         {"a.xmc.bak", "b.txt", "c", "xmc", "d.xmcx", "exmc", ".bak", "e.xmc~", "f.xmc.", "g"}) {
+         {"a.xmc.bak", "b.txt", "c", "xmc", "d.xmcx", "exmc", ".bak", "e.xmc~", "g"}) {
         directory.file(name, bad_file);
     }
     EXPECT_EQ(load().type(), message_catalogs::no_error);
     EXPECT_EQ(shown(catalogs), ".xmc 1.xmc 2.xml 3.XMC 4.Xml 5.x.xmc");
+}
+
+TEST_F(load_directory, takes_no_file_whose_name_ends_in_a_dot) {
+    directory.file("1.xmc", message_file("1"));
+    directory.file("2.xmc.", bad_file);
+    EXPECT_EQ(load().type(), message_catalogs::no_error);
+    EXPECT_EQ(shown(catalogs), "1");
 }
 
 TEST_F(load_directory, walks_subdirectories_where_they_are_met) {

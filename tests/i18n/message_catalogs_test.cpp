@@ -489,7 +489,7 @@ TEST_F(catalogs_test, list_takes_paths_beyond_ascii) {
               message_catalogs::no_default_locale);
     EXPECT_EQ(catalogs.load(std::vector<std::string>{path}, ustring16(), text_of<ustring16>("c")).type(),
               message_catalogs::no_error);
-    wide_string wide = text_of<wide_string>(directory.path() + "/");
+    wide_string wide = text_of<wide_string>(directory.path(""));
     wide.push_back(0xE9);
     wide += text_of<wide_string>(".xmc");
     EXPECT_EQ(catalogs.load(std::vector<wide_string>{wide}, ustring8("en")).type(),

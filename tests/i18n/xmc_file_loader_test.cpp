@@ -103,7 +103,7 @@ protected:
     // With the paths of the files cut down to their names.
     std::string message_of(load_error const& error) const {
         std::string text = error.message();
-        std::string const prefix = directory.path() + "/";
+        std::string const prefix = directory.path("");
         for (std::size_t at = text.find(prefix); at != text.npos; at = text.find(prefix)) {
             text.erase(at, prefix.size());
         }
@@ -926,7 +926,7 @@ TEST_F(xmc_file_loader, copies_all_that_it_holds) {
     for (open_loader const& other : {copy, assigned}) {
         EXPECT_EQ(other.locale_list, (std::vector<ustring8>{".", "en", "fr", ".", "en"}));
         EXPECT_EQ(shown(other), "c/m=[0:fr]\n");
-        EXPECT_EQ(other.base_dir, directory.path() + "/");
+        EXPECT_EQ(other.base_dir, directory.path(""));
         EXPECT_EQ(other.catalog_id, "c");
     }
 }
@@ -1010,7 +1010,7 @@ TEST_F(xmc_file_loader, includes_relative_to_the_including_file) {
     std::string const main = message_file("a", "<include file='sub/b.xmc'/><include file='./e.xmc'/>");
     EXPECT_EQ(parse(main).type(), loader_type::no_error);
     EXPECT_EQ(shown(loader), "c/a=[0:a]\nc/b=[0:b]\nc/c=[0:c]\nc/d=[0:d]\nc/e=[0:e]\n");
-    EXPECT_EQ(loader.base_dir, directory.path() + "/");
+    EXPECT_EQ(loader.base_dir, directory.path(""));
 }
 
 TEST_F(xmc_file_loader, includes_absolute_paths_as_they_stand) {
@@ -1024,7 +1024,7 @@ TEST_F(xmc_file_loader, tells_absolute_paths_by_their_first_characters) {
         std::string file;
         std::string read;
     };
-    std::string const here = directory.path() + "/";
+    std::string const here = directory.path("");
     row const rows[] = {
         {"/no/such", "/no/such"},      {"\\no\\such", "\\no\\such"},
         {"C:no_such", "C:no_such"},    {"C:x", "C:x"},

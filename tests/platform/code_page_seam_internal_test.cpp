@@ -21,7 +21,7 @@ TEST(code_page_seam, a_size_query_counts_the_terminator) {
 }
 
 TEST(code_page_seam, an_unknown_number_fails) {
-    for (int const number : {-1, 42, 1259, 28600}) {
+    for (int const number : {1259, 12345, 28600}) {
         EXPECT_EQ(platform::multi_byte_to_wide(number, "a", nullptr, 0), 0);
         EXPECT_EQ(platform::wide_to_multi_byte(number, utf16({'a'}).c_str(), nullptr, 0), 0);
     }
@@ -29,8 +29,8 @@ TEST(code_page_seam, an_unknown_number_fails) {
 
 TEST(code_page_seam, an_output_that_is_too_small_is_filled_and_fails) {
     std::string bytes = "....";
-    EXPECT_EQ(platform::wide_to_multi_byte(932, utf16({0x65E5, 0x672C}).c_str(), bytes.data(), 3), 0);
-    EXPECT_EQ(bytes, "\x93\xFA\x96.");
+    EXPECT_EQ(platform::wide_to_multi_byte(932, utf16({0x65E5, 0x672C}).c_str(), bytes.data(), 2), 0);
+    EXPECT_EQ(bytes, "\x93\xFA..");
     strings::ustring16 text = utf16({'.', '.', '.'});
     EXPECT_EQ(platform::multi_byte_to_wide(1252, "abc", text.data(), 2), 0);
     EXPECT_EQ(text, utf16({'a', 'b', '.'}));
