@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <cstdint>
+#include <ostream>
 #include <string>
 #include <type_traits>
 
@@ -127,6 +128,9 @@ struct move {
     std::string failure;
     std::string end;
 };
+
+// Without it a row is printed byte by byte, padding included.
+void PrintTo(move const& move, std::ostream* stream) { *stream << move.end << move.failure; }
 
 std::string const june = "15.6.2021 ";
 

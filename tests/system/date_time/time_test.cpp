@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <cstdint>
+#include <ostream>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -110,6 +111,9 @@ struct move {
     std::int64_t milliseconds;
     std::string end;
 };
+
+// Without it a row is printed byte by byte, padding included.
+void PrintTo(move const& move, std::ostream* stream) { *stream << move.end; }
 
 // Each by every function that moves a time.
 class moved_time : public testing::TestWithParam<move> {};
