@@ -165,6 +165,8 @@ struct refused_move {
     std::string left;
 };
 
+void PrintTo(refused_move const& move, std::ostream* stream) { *stream << move.milliseconds; }
+
 class refused_time : public testing::TestWithParam<refused_move> {};
 
 INSTANTIATE_TEST_SUITE_P(
