@@ -30,7 +30,10 @@ struct directory_identity {
 std::optional<directory_identity> identity_of(path const& directory);
 
 // Makes one level. True if it was made by this call.
-bool make_directory(path const& path);
+bool create_directory(path const& path);
+
+// Makes one level, by the C runtime where the platform's own call is another one. The outcome is not told.
+void make_directory(path const& path);
 
 // An existing entry `new_path` is never replaced.
 void rename_entry(path const& new_path, path const& old_path);

@@ -24,18 +24,18 @@ bool make_directories(platform::path const& path) {
     }
     platform::path_text const& text = path.text();
     // Fails; its outcome is the result for an empty path.
-    bool made = platform::make_directory(path.prefix(0));
+    bool made = platform::create_directory(path.prefix(0));
     std::size_t position = 1;
     while (position < text.size()) {
         std::size_t const separator = text.find(platform::path_separator, position);
         if (separator == platform::path_text::npos) {
             break;
         }
-        made = platform::make_directory(path.prefix(separator));
+        made = platform::create_directory(path.prefix(separator));
         position = separator + 1;
     }
     if (!text.empty() && text.back() != platform::path_separator) {
-        made = platform::make_directory(path);
+        made = platform::create_directory(path);
     }
     return made;
 }

@@ -99,10 +99,12 @@ std::optional<directory_identity> identity_of(path const& directory) {
     return found == fake->identities.end() ? std::nullopt : std::optional(found->second);
 }
 
-bool make_directory(path const& path) {
-    fake->calls.push_back("make " + in_test_form(path.text()));
+bool create_directory(path const& path) {
+    fake->calls.push_back("create " + in_test_form(path.text()));
     return fake->can_be_made.count(in_test_form(path.text())) != 0;
 }
+
+void make_directory(path const& path) { fake->calls.push_back("make " + in_test_form(path.text())); }
 
 void rename_entry(path const& new_path, path const& old_path) {
     fake->calls.push_back("rename " + in_test_form(old_path.text()) + " to " + in_test_form(new_path.text()));
@@ -189,7 +191,7 @@ TYPED_TEST(file_utility_calls, create_directory_of_a_directory_makes_nothing) {
 TYPED_TEST(file_utility_calls, create_directory_looks_for_a_directory_and_not_for_a_file) {
     this->m_fake.entries["a"] = readable_file;
     EXPECT_FALSE(system::create_directory(this->path("a")));
-    EXPECT_EQ(this->calls(), (call_list{"status a", "make ", "make a"}));
+    EXPECT_EQ(this->calls(), (call_list{"status a", "create ", "create a"}));
 }
 
 struct chain_case {
@@ -200,28 +202,28 @@ struct chain_case {
 };
 
 chain_case const chains[] = {
-    {"a", {"a"}, {"make ", "make a"}, true},
-    {"a/b/c", {"a", "a/b", "a/b/c"}, {"make ", "make a", "make a/b", "make a/b/c"}, true},
+    {"a", {"a"}, {"create ", "create a"}, true},
+    {"a/b/c", {"a", "a/b", "a/b/c"}, {"create ", "create a", "create a/b", "create a/b/c"}, true},
     // Only the outcome of the last level counts.
-    {"a/b/c", {"a/b/c"}, {"make ", "make a", "make a/b", "make a/b/c"}, true},
-    {"a/b/c", {"", "a", "a/b"}, {"make ", "make a", "make a/b", "make a/b/c"}, false},
+    {"a/b/c", {"a/b/c"}, {"create ", "create a", "create a/b", "create a/b/c"}, true},
+    {"a/b/c", {"", "a", "a/b"}, {"create ", "create a", "create a/b", "create a/b/c"}, false},
     // With a separator at the end it was made as part of the walk.
-    {"a/b/", {"a/b"}, {"make ", "make a", "make a/b"}, true},
-    {"a/b/", {"a", "a/b/"}, {"make ", "make a", "make a/b"}, false},
-    {"a/", {"a"}, {"make ", "make a"}, true},
+    {"a/b/", {"a/b"}, {"create ", "create a", "create a/b"}, true},
+    {"a/b/", {"a", "a/b/"}, {"create ", "create a", "create a/b"}, false},
+    {"a/", {"a"}, {"create ", "create a"}, true},
     // The prefix of length 0 gives the first outcome.
-    {"", {}, {"make "}, false},
-    {"", {""}, {"make "}, true},
+    {"", {}, {"create "}, false},
+    {"", {""}, {"create "}, true},
     // A separator at index 0 never ends a component.
-    {"/", {}, {"make "}, false},
-    {"/", {""}, {"make "}, true},
-    {"/a", {"/a"}, {"make ", "make /a"}, true},
-    {"/a/b", {"/a/b"}, {"make ", "make /a", "make /a/b"}, true},
-    {"//a", {"//a"}, {"make ", "make /", "make //a"}, true},
-    {"//", {"/"}, {"make ", "make /"}, true},
-    {"a//b", {"a//b"}, {"make ", "make a", "make a/", "make a//b"}, true},
-    {"c:/a", {"c:/a"}, {"make ", "make c:", "make c:/a"}, true},
-    {"./a", {"./a"}, {"make ", "make .", "make ./a"}, true},
+    {"/", {}, {"create "}, false},
+    {"/", {""}, {"create "}, true},
+    {"/a", {"/a"}, {"create ", "create /a"}, true},
+    {"/a/b", {"/a/b"}, {"create ", "create /a", "create /a/b"}, true},
+    {"//a", {"//a"}, {"create ", "create /", "create //a"}, true},
+    {"//", {"/"}, {"create ", "create /"}, true},
+    {"a//b", {"a//b"}, {"create ", "create a", "create a/", "create a//b"}, true},
+    {"c:/a", {"c:/a"}, {"create ", "create c:", "create c:/a"}, true},
+    {"./a", {"./a"}, {"create ", "create .", "create ./a"}, true},
 };
 
 TYPED_TEST(file_utility_calls, create_directory_makes_every_prefix) {
@@ -240,14 +242,14 @@ TYPED_TEST(file_utility_calls, create_directory_knows_one_separator) {
     std::string const other = platform::path_separator == '/' ? "a\\b" : "a|b";
     this->m_fake.can_be_made = {other};
     EXPECT_TRUE(system::create_directory(support::text_of<TypeParam>(other)));
-    EXPECT_EQ(this->calls(), (call_list{"status " + other, "make ", "make " + other}));
+    EXPECT_EQ(this->calls(), (call_list{"status " + other, "create ", "create " + other}));
 }
 
 TEST(file_utility_bad_path, create_directory_makes_nothing) {
     fake_file_system files;
     fake = &files;
     EXPECT_FALSE(system::create_directory(support::utf32({0x61, platform::path_separator, 0xD800})));
-    EXPECT_EQ(files.calls, (call_list{"status ", "make "}));
+    EXPECT_EQ(files.calls, (call_list{"status ", "create "}));
     fake = nullptr;
 }
 

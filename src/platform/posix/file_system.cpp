@@ -25,7 +25,9 @@ std::optional<directory_identity> identity_of(path const& directory) {
     return directory_identity{status.st_dev, status.st_ino};
 }
 
-bool make_directory(path const& path) { return ::mkdir(path.text().c_str(), 0777) == 0; }
+bool create_directory(path const& path) { return ::mkdir(path.text().c_str(), 0777) == 0; }
+
+void make_directory(path const& path) { static_cast<void>(create_directory(path)); }
 
 void rename_entry(path const& new_path, path const& old_path) {
     char const* const from = old_path.text().c_str();

@@ -37,7 +37,9 @@ std::optional<directory_identity> identity_of(path const& directory) {
                               std::uint64_t{information.nFileIndexHigh} << 32 | information.nFileIndexLow};
 }
 
-bool make_directory(path const& path) { return ::CreateDirectoryW(path.text().c_str(), nullptr) != 0; }
+bool create_directory(path const& path) { return ::CreateDirectoryW(path.text().c_str(), nullptr) != 0; }
+
+void make_directory(path const& path) { static_cast<void>(::_wmkdir(path.text().c_str())); }
 
 void rename_entry(path const& new_path, path const& old_path) {
     static_cast<void>(::_wrename(old_path.text().c_str(), new_path.text().c_str()));
