@@ -28,7 +28,7 @@ ustring8 find_file(item_list const& items, ustring8 const& key, char const* exte
         if (entry == nullptr) {
             continue;
         }
-        ustring8 const name = entry->second.as_string() + extension;
+        ustring8 name = entry->second.as_string() + extension;
         if (can_be_opened(name)) {
             return name;
         }

@@ -53,7 +53,7 @@ public:
     }
 
     result_type path(ustring8 const& path) const {
-        result_type const result = entity(path);
+        result_type result = entity(path);
         if (result.type() == message_catalogs::no_error && m_store.empty()) {
             return result_type(message_catalogs::no_catalog_loaded, path);
         }
@@ -119,6 +119,7 @@ private:
 template <class Path>
 std::vector<ustring8> utf8_paths(std::vector<Path> const& paths) {
     std::vector<ustring8> result;
+    result.reserve(paths.size());
     for (Path const& path : paths) {
         result.push_back(to_utf8(path));
     }

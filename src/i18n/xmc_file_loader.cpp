@@ -218,7 +218,7 @@ public:
 
     void close_literal() {
         if (!m_text.empty()) {
-            m_items.push_back(message_item(m_text));
+            m_items.emplace_back(m_text);
             m_text.clear();
         }
     }
@@ -603,7 +603,7 @@ message_item xmc_file_loader::parse_message_arg(token_position& position, token_
             specification += option_separator + attribute + option_separator + value;
         }
     }
-    message_item const argument(specification, type);
+    message_item argument(specification, type);
     position = std::find_if(position, end,
                             [](token const& candidate) { return candidate.type() == token::element_end; });
     if (position == end) {
@@ -633,8 +633,8 @@ void xmc_file_loader::parse_ignorable(token_position& position, token_position c
 // ----------------------------------------------------------------------------------------------------------
 
 void xmc_file_loader::handle_language(ustring8 const& lang) {
-    locale_list.push_back(".");
-    locale_list.push_back("en");
+    locale_list.emplace_back(".");
+    locale_list.emplace_back("en");
     std::vector<ustring8> const parts = strings::split_string(normalised(lang), "_", 0);
     ustring8 beginning;
     for (std::size_t index = 0; index < parts.size(); ++index) {

@@ -364,7 +364,7 @@ void xml_stream_parser::parse_attribute() {
     if (!m_attribute_names.insert(name).second) {
         throw duplicate_attribute;
     }
-    if (node_position const position = innermost_node(); position != m_queue.end()) {
+    if (auto const position = innermost_node(); position != m_queue.end()) {
         position->m_attribs.emplace_back(name, std::move(value));
     }
     m_input->advance();
@@ -390,7 +390,7 @@ void xml_stream_parser::parse_text() {
     if (m_tags.size() < 2) {
         throw syntax_error;
     }
-    if (node_position const position = innermost_node(); position != m_queue.end()) {
+    if (auto const position = innermost_node(); position != m_queue.end()) {
         position->m_data = std::move(text);
     }
 }
