@@ -209,4 +209,31 @@ TEST(delegate, is_left_empty_by_a_callable_that_cannot_be_cloned) {
     EXPECT_TRUE(call.empty());
 }
 
+// Tells where it is, as a callable can that hands itself on.
+class showing_call : public functor::function_type_interface<showing_call const*()> {
+public:
+    explicit showing_call(int& destroyed) : m_destroyed(destroyed) {}
+    showing_call(showing_call const&) = default;
+    showing_call& operator=(showing_call const&) = delete;
+    ~showing_call() override { ++m_destroyed; }
+
+    showing_call const* operator()() override { return this; }
+    bool equal(function_type_interface const&) const override { return false; }
+    showing_call* clone() const override { return new showing_call(*this); }
+
+private:
+    int& m_destroyed;
+};
+
+TEST(delegate, keeps_the_held_callable_when_that_is_assigned) {
+    int destroyed = 0;
+    showing_call const passing(destroyed);
+    functor::delegate_t<showing_call const*()> call = passing;
+    showing_call const* const held = call();
+    call = *held;
+    call.assign(*held);
+    EXPECT_EQ(destroyed, 0);
+    EXPECT_EQ(call(), held);
+}
+
 } // namespace

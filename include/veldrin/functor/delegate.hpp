@@ -53,9 +53,12 @@ protected:
     }
     delegate_base& operator=(delegate_base&&) noexcept = default;
 
+    // What is held already cannot be released first: nothing would be left to clone.
     void hold(callable_type const& callable) {
-        release();
-        m_callable.reset(callable.clone());
+        if (&callable != m_callable.get()) {
+            release();
+            m_callable.reset(callable.clone());
+        }
     }
     void release() { m_callable.reset(); }
 
@@ -82,7 +85,8 @@ public:
     delegate_t(types::nil_t const&) {}
 
     // Holds a clone, so the argument may be a temporary. What the callable refers to must stay alive. The
-    // callable held before is destroyed first: if the cloning throws, the delegate is left empty.
+    // callable held before is destroyed first: if the cloning throws, the delegate is left empty. Assigning
+    // the held callable itself changes nothing.
     delegate_t(callable_type const& callable) : base(callable) {}
 
     delegate_t& operator=(callable_type const& callable) { return assign(callable); }
