@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <initializer_list>
 #include <stdexcept>
 #include <utility>
 
@@ -12,6 +13,16 @@ namespace {
 template <class Iterator>
 Iterator find_name(Iterator first, Iterator last, strings::ustring8 const& name) {
     return std::find_if(first, last, [&](argument const& candidate) { return candidate.name() == name; });
+}
+
+// Appends an argument made of `parts`, unless one of that name is there.
+template <class... Parts>
+bool append(std::vector<argument>& arguments, strings::ustring8 const& name, Parts const&... parts) {
+    if (!name.empty() && find_name(arguments.begin(), arguments.end(), name) != arguments.end()) {
+        return false;
+    }
+    arguments.emplace_back(parts...);
+    return true;
 }
 
 template <class Arguments>
@@ -38,14 +49,13 @@ varg_list::varg_list(argument const& a1, argument const& a2, argument const& a3,
                      argument const& a17, argument const& a18, argument const& a19, argument const& a20,
                      argument const& a21, argument const& a22, argument const& a23, argument const& a24,
                      argument const& a25, argument const& a26) {
-    for (argument const* const next :
-         {&a1,  &a2,  &a3,  &a4,  &a5,  &a6,  &a7,  &a8,  &a9,  &a10, &a11, &a12, &a13,
-          &a14, &a15, &a16, &a17, &a18, &a19, &a20, &a21, &a22, &a23, &a24, &a25, &a26}) {
-        if (*next == types::nil) {
-            break;
-        }
-        push_back(*next);
-    }
+    std::initializer_list<argument const*> const pack = {&a1,  &a2,  &a3,  &a4,  &a5,  &a6,  &a7,  &a8,  &a9,
+                                                         &a10, &a11, &a12, &a13, &a14, &a15, &a16, &a17, &a18,
+                                                         &a19, &a20, &a21, &a22, &a23, &a24, &a25, &a26};
+    auto const pack_end = std::find_if(pack.begin(), pack.end(),
+                                       [](argument const* candidate) { return *candidate == types::nil; });
+    m_arguments.reserve(static_cast<std::size_t>(pack_end - pack.begin()));
+    std::for_each(pack.begin(), pack_end, [this](argument const* next) { push_back(*next); });
 }
 
 bool varg_list::has_argument(strings::ustring8 const& name) const { return find(name) != end(); }
@@ -100,16 +110,10 @@ varg_list& varg_list::operator=(varg_list&& other) noexcept {
     return *this;
 }
 
-bool varg_list::push_back(argument const& value) {
-    if (value.has_name() && has_argument(value.name())) {
-        return false;
-    }
-    m_arguments.push_back(value);
-    return true;
-}
+bool varg_list::push_back(argument const& value) { return append(m_arguments, value.name(), value); }
 
 bool varg_list::push_back(strings::ustring8 const& name, types::variant const& value) {
-    return push_back(argument(name, value));
+    return append(m_arguments, name, name, value);
 }
 
 } // namespace VELDRIN_2_18::generic

@@ -44,6 +44,27 @@ TEST(varg_list, allocates_nothing_for_the_arguments_left_out) {
     EXPECT_EQ(support::allocations, before + 1);
 }
 
+TEST(varg_list, takes_room_once_for_all_the_arguments_of_a_pack) {
+    argument const first("a", 1);
+    argument const second("b", 2);
+    argument const third("c", 3);
+    std::size_t const before = support::allocations;
+    varg_list const list(first, second, third);
+    EXPECT_EQ(support::allocations, before + 1);
+}
+
+TEST(varg_list, copies_a_name_once) {
+    strings::ustring8 const long_name(100, 'n');
+    types::variant const value(1);
+    varg_list list({"a", 1}, {"b", 2});
+    list.erase("b");
+    std::size_t const before = support::allocations;
+    EXPECT_TRUE(list.push_back(long_name, value));
+    EXPECT_EQ(support::allocations, before + 1);
+    EXPECT_FALSE(list.push_back(long_name, value));
+    EXPECT_EQ(support::allocations, before + 1);
+}
+
 // Each run of `change` on a fresh list has memory for one allocation more, until it needs no more. The list
 // must be as it was after each run but the last.
 template <class Change>
