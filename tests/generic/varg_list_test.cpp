@@ -135,6 +135,7 @@ TEST(varg_list, changes_nothing_when_assigned_to_itself) {
     argument const* const first = &list[std::uint64_t{0}];
     varg_list const& same = list;
     list = same;
+    EXPECT_EQ(&list[std::uint64_t{0}], first);
     list.assign(list);
     EXPECT_EQ(contents(list), "x=1 y=2");
     EXPECT_EQ(&list[std::uint64_t{0}], first);
