@@ -157,6 +157,28 @@ TEST_F(assertion, hook_may_be_a_free_function) {
     EXPECT_EQ(free_calls, 1);
 }
 
+// A hook that takes itself away, so that only the first failure is told.
+struct one_shot {
+    int calls = 0;
+
+    void on_failure(char const* const, char const* const, unsigned int& line) {
+        debug::set_assert_hook(types::nil);
+        ++calls;
+        line = 0;
+    }
+};
+
+TEST_F(assertion, hook_may_clear_itself_while_it_is_called) {
+    one_shot first_failure;
+    debug::set_assert_hook(
+        functor::member_function_t<one_shot, void(char const* const, char const* const, unsigned int&)>(
+            &first_failure, &one_shot::on_failure));
+    ____________________ASSERT____________________("e", "unit", 1, "f");
+    EXPECT_FALSE(debug::is_assert_hook_set());
+    ____________________ASSERT____________________("e", "unit", 1, "f");
+    EXPECT_EQ(first_failure.calls, 1);
+}
+
 // A callable that counts its living objects, to see when the holder lets go of one.
 class counted_hook
     : public functor::function_type_interface<void(char const* const, char const* const, unsigned int&)> {
@@ -185,6 +207,32 @@ TEST_F(assertion, hook_is_a_clone_that_is_destroyed_when_replaced) {
     EXPECT_EQ(living, 1);
     debug::set_assert_hook(types::nil);
     EXPECT_EQ(living, 0);
+}
+
+// A callable that can be cloned once, into a delegate, and no further.
+class hook_cloned_once
+    : public functor::function_type_interface<void(char const* const, char const* const, unsigned int&)> {
+public:
+    explicit hook_cloned_once(bool may_clone) : m_may_clone(may_clone) {}
+
+    void operator()(char const* const, char const* const, unsigned int&) override {}
+    bool equal(function_type_interface const&) const override { return false; }
+    hook_cloned_once* clone() const override {
+        if (!m_may_clone) {
+            throw std::runtime_error("no clone");
+        }
+        return new hook_cloned_once(false);
+    }
+
+private:
+    bool m_may_clone;
+};
+
+TEST_F(assertion, no_hook_is_left_by_one_that_cannot_be_cloned) {
+    functor::delegate_t<debug::assert_hook_function> const passing = hook_cloned_once(true);
+    EXPECT_TRUE(debug::is_assert_hook_set());
+    EXPECT_THROW(debug::set_assert_hook(passing), std::runtime_error);
+    EXPECT_FALSE(debug::is_assert_hook_set());
 }
 
 // A callable that fails an assertion while it is destroyed.
