@@ -5,7 +5,9 @@
 //
 //     class shape : public reference_count_pointer_ability<shape> { ... };
 //
-// A class that writes its own `operator=` must not assign this base: flag and count belong to the object.
+// Flag and count belong to the object. The implicit `operator=` of a counted class would overwrite both, so
+// such a class deletes it or writes its own, which leaves this base alone. The implicit copy constructor is
+// right.
 
 #pragma once
 
