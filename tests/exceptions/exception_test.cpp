@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/virtual_slot.hpp"
 #include "veldrin/exceptions/logic_error.hpp"
 #include "veldrin/exceptions/runtime_error.hpp"
 
@@ -114,6 +115,19 @@ TEST(exception, message_is_what_the_private_virtual_returns) {
     own_failure const failure(3, "unit", "function");
     exception const& root = failure;
     EXPECT_STREQ(root.message(), "own text");
+}
+
+// The private virtual stands in slot 2, behind the destructor, so the next one to come gets slot 3.
+template <class Class>
+struct with_one_more : Class {
+    using Class::Class;
+    virtual void one_more() {}
+};
+
+TEST(exception, has_no_virtual_operation_but_destructor_and_message) {
+    EXPECT_EQ(support::virtual_slot(&with_one_more<own_failure>::one_more), 3U);
+    EXPECT_EQ(support::virtual_slot(&with_one_more<out_of_range>::one_more), 3U);
+    EXPECT_EQ(support::virtual_slot(&with_one_more<overflow_error>::one_more), 3U);
 }
 
 TEST(exception_state, cuts_a_text_of_256_bytes_to_255) {

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/virtual_slot.hpp"
 #include "veldrin/functor/function.hpp"
 #include "veldrin/functor/function_type_interface.hpp"
 #include "veldrin/functor/member_function.hpp"
@@ -63,6 +64,14 @@ TEST(free_function, is_called_compared_and_cloned) {
     EXPECT_FALSE(call.equal(adder_call(&sum, &adder::add)));
     std::unique_ptr<functor::function_type_interface<int(int)>> const clone(call.clone());
     EXPECT_TRUE(call.equal(*clone));
+}
+
+TEST(function_type_interface, virtual_operations_stand_in_their_fixed_order) {
+    using interface = functor::function_type_interface<int(int)>;
+    EXPECT_TRUE(std::has_virtual_destructor_v<interface>);
+    EXPECT_EQ(support::virtual_slot(&interface::operator()), 2U);
+    EXPECT_EQ(support::virtual_slot(&interface::equal), 3U);
+    EXPECT_EQ(support::virtual_slot(&interface::clone), 4U);
 }
 
 TEST(function_traits, defines_result_and_arguments) {
@@ -151,17 +160,29 @@ TEST(delegate, moving_empties_the_source) {
 }
 
 // Arguments go on as they come: references stay references, and what can only be moved is moved.
+using taking = int(std::unique_ptr<int>, int&);
+
 int take(std::unique_ptr<int> value, int& count) {
     ++count;
     return *value;
 }
 
+struct taker {
+    int take(std::unique_ptr<int> value, int& count) {
+        count += 2;
+        return *value;
+    }
+};
+
 TEST(delegate, forwards_its_arguments) {
-    functor::delegate_t<int(std::unique_ptr<int>, int&)> const call =
-        functor::function_t<int(std::unique_ptr<int>, int&)>(&take);
+    functor::delegate_t<taking> call = functor::function_t<taking>(&take);
     int count = 0;
     EXPECT_EQ(call(std::make_unique<int>(8), count), 8);
     EXPECT_EQ(count, 1);
+    taker object;
+    call = functor::member_function_t<taker, taking>(&object, &taker::take);
+    EXPECT_EQ(call(std::make_unique<int>(9), count), 9);
+    EXPECT_EQ(count, 3);
 }
 
 // Logs when it is cloned and destroyed; a bad one cannot be cloned.

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/virtual_slot.hpp"
+
 namespace {
 
 using VELDRIN_2_18::generic::clone_interface;
@@ -34,6 +36,7 @@ TEST(clone_interface, is_abstract_and_marked_as_clonable) {
     EXPECT_TRUE(std::is_abstract_v<clone_interface>);
     EXPECT_TRUE(std::has_virtual_destructor_v<clone_interface>);
     EXPECT_TRUE((std::is_base_of_v<abilities::clone_ability, clone_interface>));
+    EXPECT_EQ(support::virtual_slot(&clone_interface::clone), 2U);
 }
 
 } // namespace

@@ -47,6 +47,7 @@ TYPED_TEST(ustring, is_its_base_with_a_new_name) {
     static_assert(sizeof(TypeParam) == sizeof(base) && alignof(TypeParam) == alignof(base));
     static_assert(!std::is_polymorphic_v<TypeParam>);
     static_assert(std::is_nothrow_move_constructible_v<TypeParam>);
+    static_assert(std::is_nothrow_constructible_v<TypeParam, base>);
     EXPECT_TRUE(typeid(TypeParam) != typeid(base));
 }
 

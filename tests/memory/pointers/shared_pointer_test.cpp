@@ -29,6 +29,27 @@ TEST(shared_pointer, destroys_a_class_with_no_virtual_destructor) {
     EXPECT_EQ(log, "record ");
 }
 
+// A class with a virtual destructor is ended like any other: by the destructor of the class that the pointer
+// names.
+struct base_record : abilities::reference_count_pointer_ability<base_record> {
+    explicit base_record(std::string& text) : log(text) {}
+    virtual ~base_record() { log += "base "; }
+
+    std::string& log;
+};
+
+struct derived_record : base_record {
+    using base_record::base_record;
+    ~derived_record() override { log += "derived "; }
+};
+
+TEST(shared_pointer, calls_the_destructor_of_exactly_its_class) {
+    std::string log;
+    shared_pointer<base_record> pointer(abilities::make_dynamic<derived_record>(log));
+    pointer = nullptr;
+    EXPECT_EQ(log, "base ");
+}
+
 struct alignas(64) aligned_record : abilities::reference_count_pointer_ability<aligned_record> {
     char payload[64] = {};
 };
