@@ -31,6 +31,8 @@ public:
     bool empty() const { return m_callable == nullptr; }
     explicit operator bool() const { return !empty(); }
 
+    // An empty delegate does nothing and returns a value-initialised result, so only a delegate whose result
+    // has such a value, or is void, can be called: not one that returns a reference.
     Result operator()(Arguments... arguments) const {
         if (empty()) {
             return Result();
