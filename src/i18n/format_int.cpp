@@ -41,13 +41,10 @@ int round_up(int value, int step) { return (value + step - 1) / step * step; }
 std::uint64_t complement_of(std::int64_t negative, number_base const& base, int field_size) {
     auto const value = static_cast<std::uint64_t>(negative);
     std::uint64_t const magnitude = 0 - value;
-    int bits = round_up(bit_width(magnitude), base.bits_per_digit);
-    if (field_size != 0) {
-        bits = std::max(bits, (field_size - base.mark_width()) * base.bits_per_digit);
-    } else {
-        int const bits_with_sign = bit_width(magnitude - 1) + 1;
-        bits = round_up(std::max(bits, bits_with_sign), base.bits_per_digit * base.digit_group);
-    }
+    int const bits = field_size != 0
+                         ? std::max(round_up(bit_width(magnitude), base.bits_per_digit),
+                                    (field_size - base.mark_width()) * base.bits_per_digit)
+                         : round_up(bit_width(magnitude - 1) + 1, base.bits_per_digit * base.digit_group);
     return bits < 64 ? value + (std::uint64_t(1) << bits) : value;
 }
 
