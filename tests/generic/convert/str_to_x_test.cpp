@@ -155,6 +155,16 @@ TEST(integer_parsers, are_lenient) {
     });
 }
 
+TEST(integer_parsers, step_over_white_space_and_no_other_control) {
+    support::for_each_integer_overload([](auto unit, auto const& overloads) {
+        for (char byte = 0; byte <= ' '; ++byte) {
+            bool const is_white_space = byte == ' ' || (byte >= 9 && byte <= 13);
+            EXPECT_EQ(parse<decltype(unit)>(overloads, std::string{byte, '7'}, 10), is_white_space ? 7 : 0)
+                << overloads.name << " behind " << static_cast<int>(byte);
+        }
+    });
+}
+
 TEST(integer_parsers, read_negative_numbers_into_signed_results) {
     support::for_each_signed_parser([](auto const& overloads) {
         EXPECT_EQ(parse<char>(overloads, "-42", 10), -42) << overloads.name;
@@ -611,6 +621,28 @@ TEST(real_parsers, take_the_decimal_point_of_the_locale_given) {
     EXPECT_EQ(str_to_long_double("1,5", comma_locale()), 1.5L);
     EXPECT_EQ(str_to_double("1.5", comma_locale()), 1.0);
     EXPECT_EQ(str_to_double("1,5"), 1.0);
+}
+
+class grouping_punctuation : public std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(real_parsers, take_the_digit_grouping_of_the_locale) {
+    std::locale const grouping(std::locale::classic(), new grouping_punctuation);
+    EXPECT_EQ(str_to_float("1.234,5", grouping), 1234.5f);
+    EXPECT_EQ(str_to_double("1.234.567,25", grouping), 1234567.25);
+    EXPECT_EQ(str_to_long_double("1.234,5", grouping), 1234.5L);
+    EXPECT_EQ(str_to_double("1234567,25", grouping), 1234567.25);
+    // Groups of another size make the extraction fail.
+    EXPECT_EQ(str_to_float("12.34,5", grouping), 0.0f);
+    EXPECT_EQ(str_to_double("12.34,5", grouping), 0.0);
+    EXPECT_EQ(str_to_long_double("12.34,5", grouping), 0.0L);
+
+    std::locale const before = std::locale::global(grouping);
+    EXPECT_EQ(str_to_double("1.234,5"), 1234.5);
+    std::locale::global(before);
 }
 
 TEST(real_parsers, take_the_decimal_point_of_the_global_locale) {
