@@ -76,6 +76,14 @@ TEST_F(windows_files, names_are_the_same_in_any_case) {
     EXPECT_EQ(text, "text");
 }
 
+TEST_F(windows_files, a_walk_does_not_follow_a_link_back_to_where_it_is) {
+    ustring8 const linked = VELDRIN_LINKED_DIRECTORY;
+    EXPECT_TRUE(system::io::is_file(linked + "\\one\\up\\one\\file"));
+    std::vector<ustring8> files;
+    system::get_directory_files(linked, files);
+    EXPECT_EQ(files, std::vector<ustring8>{linked + "\\one\\file"});
+}
+
 TEST_F(windows_files, nobody_is_shut_out) {
     std::ofstream writer("log", std::ios::binary);
     writer << "one" << std::flush;
