@@ -1,5 +1,7 @@
 #include "platform/utf8.hpp"
 
+#include "strings/decoding.hpp"
+
 namespace VELDRIN_2_18::platform {
 
 using strings::utf16_unit;
@@ -33,17 +35,15 @@ char32_t read_utf8(unsigned char const*& position) {
     return character;
 }
 
-bool is_high_surrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-
-bool is_low_surrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
-// Reads one character; a lone surrogate gives U+FFFD.
+// Reads one character; a lone surrogate gives U+FFFD. Behind a unit there is at least the terminator.
 char32_t read_utf16(utf16_unit const*& position) {
-    char32_t const unit = *position++;
-    if (is_high_surrogate(unit) && is_low_surrogate(*position)) {
-        return 0x10000 + ((unit - 0xD800) << 10) + (*position++ - 0xDC00u);
+    auto const character = strings::_private::decode_utf16(position, 2);
+    if (character.units == 0) {
+        ++position;
+        return replacement_character;
     }
-    return is_high_surrogate(unit) || is_low_surrogate(unit) ? replacement_character : unit;
+    position += character.units;
+    return character.code_point;
 }
 
 } // namespace
