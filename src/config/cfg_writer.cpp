@@ -15,7 +15,7 @@ namespace {
 constexpr char const* line_end = "\r\n";
 
 bool counts_as_element(ustring8 const& last_segment) {
-    return generic::convert::str_to_int(last_segment.c_str(), last_segment.size(), types::radix_t::decimal,
+    return generic::convert::str_to_int(last_segment.c_str(), last_segment.size(), types::radix_t::detect,
                                         false) != 0;
 }
 

@@ -45,7 +45,7 @@ private:
     }
 
     static int number(std::string const& text) {
-        return generic::convert::str_to_int(text.c_str(), text.size(), types::radix_t::decimal, false);
+        return generic::convert::str_to_int(text.c_str(), text.size(), types::radix_t::detect, false);
     }
 
     std::string last_segment(std::size_t index) const { return last_segment(m_entries[index].first); }
@@ -94,8 +94,8 @@ TEST(cfg_writer, writes_the_same_text_again) {
 class generated_tree : public config_tree {
 public:
     explicit generated_tree(unsigned int seed) : m_random(seed) {
-        static std::vector<std::string> const segments{"",  "",  "a",  "b",   "aa", "0",  "1",
-                                                       "2", "9", "10", "01x", "!",  "-1", "x y"};
+        static std::vector<std::string> const segments{"",  "",   "a",   "b",  "aa",  "0", "1",  "2",
+                                                       "9", "10", "01x", "08", "0b1", "!", "-1", "x y"};
         static std::vector<unsigned int> const flags{0, 0, 0, 0, 2, 2, 2, 4, 6};
         static std::vector<types::variant> const values{"", "v", "x y", "a\tb", 5, -2.5, types::nil, true};
         for (std::size_t writes = below(25); writes != 0; --writes) {

@@ -65,6 +65,9 @@ public:
     // - a key is written in every section whose name is as long as that of its own;
     // - the key behind an array is not written in the section of that array;
     // - array elements are in byte order of their names: 0, 1, 10, 2;
+    // - behind the element 0 of an array every key counts as one more element whose last segment starts with
+    // a
+    //   number other than 0, its radix told by its own start ("1x", "0x5"), wherever the key belongs;
     // - a name or value with a blank, a tab or a line end is quoted, no other: a value with "#", "//" or, in
     //   an array, a comma reads back cut;
     // - a double quote is written as it is, and a backslash, at the end of a quoted value too;
