@@ -27,6 +27,8 @@ struct directory_identity {
     friend bool operator==(directory_identity const&, directory_identity const&) = default;
 };
 
+// Of the directory that an enumeration of the path lists: that of the path with a separator behind it, so an
+// empty path is the root, and on Windows a drive alone is its root too.
 std::optional<directory_identity> identity_of(path const& directory);
 
 // Makes one level. True if it was made by this call.

@@ -19,7 +19,7 @@ entry_status status_of(path const& path) {
 
 std::optional<directory_identity> identity_of(path const& directory) {
     struct stat status;
-    if (::stat(directory.text().c_str(), &status) != 0) {
+    if (!directory.names_something() || ::stat((directory.text() + path_separator).c_str(), &status) != 0) {
         return std::nullopt;
     }
     return directory_identity{status.st_dev, status.st_ino};

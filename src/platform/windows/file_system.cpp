@@ -19,11 +19,14 @@ entry_status status_of(path const& path) {
 }
 
 std::optional<directory_identity> identity_of(path const& directory) {
+    if (!directory.names_something()) {
+        return std::nullopt;
+    }
     // No access is asked for: what is asked about is not its contents. Only with this flag a directory is
     // opened.
-    HANDLE const handle =
-        ::CreateFileW(directory.text().c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    HANDLE const handle = ::CreateFileW((directory.text() + path_separator).c_str(), 0,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                        OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (handle == INVALID_HANDLE_VALUE) {
         return std::nullopt;
     }
