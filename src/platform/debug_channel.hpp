@@ -8,7 +8,8 @@
 
 namespace VELDRIN_2_18::platform {
 
-// Writes the text and a line break behind it. A channel that takes nothing loses the line.
+// Writes the text and a line break behind it. A channel that takes nothing loses the line; one that takes no
+// zero byte loses what is behind the first one.
 void write_debug_line(std::string_view text);
 
 } // namespace VELDRIN_2_18::platform

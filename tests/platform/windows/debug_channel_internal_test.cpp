@@ -40,6 +40,11 @@ TEST_F(debug_channel, gets_the_text_and_a_line_break) {
     EXPECT_EQ(received, "text\n\n");
 }
 
+TEST_F(debug_channel, gets_the_line_break_behind_a_text_with_a_zero_byte) {
+    platform::write_debug_line({"te\0xt", 5});
+    EXPECT_EQ(received, "te\n");
+}
+
 TEST_F(debug_channel, gets_the_failures_of_message_items) {
     i18n::message_item const item("size\x01"
                                   "base\x01"
