@@ -27,10 +27,10 @@ void module_config_dispatch::setup(item_list& items) const {
     enviroment_item const environment(m_envp);
     user_item const user;
     for (ustring8 const& name : m_file_names) {
-        items.emplace_back(generic::abilities::make_dynamic<file_item>(name));
+        items.push_back(generic::abilities::make_dynamic<file_item>(name));
     }
-    items.emplace_back(environment.clone());
-    items.emplace_back(user.clone());
+    items.push_back(environment.clone());
+    items.push_back(user.clone());
 }
 
 void module_config_dispatch::load(item_list& items) const { _private::load_items(items); }

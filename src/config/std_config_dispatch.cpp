@@ -25,9 +25,9 @@ void std_config_dispatch::setup(item_list& items) const {
     commandline_item const options(static_cast<unsigned int>(std::max(m_argc, 0)), m_argv);
     enviroment_item const environment(m_envp);
     file_item const file(m_file_name);
-    items.emplace_back(options.clone());
-    items.emplace_back(file.clone());
-    items.emplace_back(environment.clone());
+    items.push_back(options.clone());
+    items.push_back(file.clone());
+    items.push_back(environment.clone());
 }
 
 void std_config_dispatch::load(item_list& items) const { _private::load_items(items); }

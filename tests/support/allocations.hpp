@@ -1,5 +1,5 @@
-// Counts what a program allocates by `new`, and lets it run out of memory. For the one source of a test
-// program; the library's own allocations are seen on every platform where the program links it in
+// Counts what a program allocates by `new` and gives back, and lets it run out of memory. For the one source
+// of a test program; the library's own allocations are seen on every platform where the program links it in
 // (`*_internal_test.cpp`).
 
 #pragma once
@@ -12,6 +12,7 @@
 namespace support {
 
 inline std::size_t allocations = 0;
+inline std::size_t deallocations = 0;
 
 // The allocation behind so many others throws `std::bad_alloc`, and so do all that follow.
 inline std::size_t allocations_left = SIZE_MAX;
@@ -28,6 +29,9 @@ inline std::size_t allocations_left = SIZE_MAX;
     return memory;
 }
 
-[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
+    support::deallocations += memory != nullptr ? 1U : 0U;
+    std::free(memory);
+}
 
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
