@@ -689,6 +689,9 @@ TEST_F(file_saving, what_reads_back_and_what_does_not) {
         {{{"a.b.x", 1}, {"ccc.y", 2}},
          "[a]||[a.b]|x=1|y=2||[ccc]|x=1|y=2||",
          "a=0:1 a.b=0:1 a.b.x=1:1 a.b.y=1:2 ccc=0:1 ccc.x=1:1 ccc.y=1:2"},
+        {{{"ccc.y", 1}, {"s.a", 2}, {"s.a.x", 3}},
+         "[ccc]|y=1|x=3||[s]|a=2||",
+         "ccc=0:1 ccc.x=1:3 ccc.y=1:1 s=0:1 s.a=1:2"},
         // Values with what means something to the reader.
         {{{"s.a", "1#2"}}, "[s]|a=1#2||", "s=0:1 s.a=1:1"},
         {{{"s.a", "x://y"}}, "[s]|a=x://y||", "s=0:1 s.a=1:x:"},

@@ -61,13 +61,12 @@ public:
     // Replaces the file by one that holds what is written of the tree; what cannot be written is lost without
     // a word. Each node that is only passed through, of flag word 0, becomes a section with the nodes right
     // below it that have a value. Not everything is written, and not everything written reads back:
-    // - a key without a section, or below a key with a value, is not written;
-    // - a key is written in every section whose name is as long as that of its own;
+    // - a key is written in every section whose name is as long as what stands in front of its last segment:
+    //   a key of one segment in none, one below a key with a value only where another section fits;
     // - the key behind an array is not written in the section of that array;
     // - array elements are in byte order of their names: 0, 1, 10, 2;
-    // - behind the element 0 of an array every key counts as one more element whose last segment starts with
-    // a
-    //   number other than 0, its radix told by its own start ("1x", "0x5"), wherever the key belongs;
+    // - behind the element 0 of an array all keys are written as elements, wherever they belong, up to the
+    //   first whose last segment does not start with a number, in the radix that its start tells, or with 0;
     // - a name or value with a blank, a tab or a line end is quoted, no other: a value with "#", "//" or, in
     //   an array, a comma reads back cut;
     // - a double quote is written as it is, and a backslash, at the end of a quoted value too;
