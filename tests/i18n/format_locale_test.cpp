@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "comma_locale.hpp"
 #include "support/option_text.hpp"
-#include "support/process_locale.hpp"
 #include "veldrin/i18n/format.hpp"
 
 namespace {
@@ -12,13 +12,7 @@ using namespace VELDRIN_2_18;
 using namespace VELDRIN_2_18::i18n::_private;
 using support::option_text;
 
-class format_under_locale : public support::process_locale {
-protected:
-    format_under_locale()
-        : process_locale(
-              LC_NUMERIC, "comma",
-              "LC_NUMERIC\ndecimal_point \",\"\nthousands_sep \".\"\ngrouping 3\nEND LC_NUMERIC\n") {}
-};
+using format_under_locale = support::comma_locale;
 
 TEST_F(format_under_locale, real_numbers_have_its_decimal_point) {
     EXPECT_EQ(format_double(1234.5, ""), "1234,50");
