@@ -1,5 +1,7 @@
 #include "veldrin/i18n/catalog.hpp"
 
+#include <utility>
+
 #include "i18n/language_name.hpp"
 #include "strings/text_conversion.hpp"
 
@@ -66,7 +68,8 @@ message_t const& catalog_t::message(ustring16 const& key) const { return message
 message_t const& catalog_t::message(ustring32 const& key) const { return message(to_utf8(key)); }
 
 message_t const& catalog_t::message(ustring8 const& key, message_t const& value) {
-    m_languages.clear();
+    // They outlive the look-up: the key may be one of them.
+    std::set<ustring8> const forgotten = std::exchange(m_languages, {});
     return m_messages[key] = value;
 }
 

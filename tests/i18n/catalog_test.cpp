@@ -182,6 +182,14 @@ TEST(catalog, forgets_its_languages_when_a_message_is_written) {
     EXPECT_TRUE(catalog.is_language_loaded(ustring8("de")));
 }
 
+TEST(catalog, takes_one_of_its_languages_as_the_key) {
+    char const* const lang = "a language whose name has storage of its own";
+    catalog_t catalog("c", {}, {{"m", message("m", "one", lang)}});
+    catalog.message(*catalog.languages_begin(), message("n", "two", "fr"));
+    EXPECT_EQ(text_of_message(catalog.message(ustring8(lang))), "two");
+    EXPECT_EQ(languages(catalog), (std::vector<ustring8>{lang, "fr"}));
+}
+
 TEST(catalog, looks_languages_up_with_underscores) {
     catalog_t catalog;
     struct row {
