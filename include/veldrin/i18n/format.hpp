@@ -53,7 +53,9 @@ VELDRIN_EXPORT strings::ustring8 format_duration(double value, strings::ustring8
 //
 // Returns the number and puts the unit's name into `unit`. Without a target the unit is chosen so that the
 // number is below 1024, as far as YB goes. A whole number is taken as an unsigned 64-bit one. `unit` is
-// emptied first and stays empty where an option is bad.
+// emptied first and stays empty where an option is bad; but where only `format_double` refuses the precision
+// or the field size, the unit's name stands beside the "-0". Both go there as texts, in which a ";" separates
+// options as the byte 0x01 does.
 VELDRIN_EXPORT strings::ustring8 format_memory(types::variant value, strings::ustring8 const& options,
                                                strings::ustring8& unit);
 
@@ -63,8 +65,8 @@ VELDRIN_EXPORT strings::ustring8 format_memory(types::variant value, strings::us
 //
 // Returns the number and puts the prefix, or with `short_form` "false" its name, into `unit`. Without a
 // target a number of 1000 or more climbs by steps of 1000, up to T; a small one is left alone. A negative
-// whole number is written as the unsigned 64-bit one. `unit` is emptied first and stays empty where an option
-// is bad.
+// whole number is written as the unsigned 64-bit one. What `format_memory` says of `unit`, of the precision
+// and of the field size holds here too.
 VELDRIN_EXPORT strings::ustring8 format_metric(types::variant value, strings::ustring8 const& options,
                                                strings::ustring8& unit);
 
