@@ -353,16 +353,20 @@ TEST(unichar, fails_from_the_length_on) {
 }
 
 TEST(unichar, is_bounded_by_the_length_and_not_by_the_text) {
-    ustring8 const text = utf8({0xF0, 0x9F, 0x98, 0x80});
-    for (std::size_t length = 0; length < 4; ++length) {
+    ustring8 const text = utf8({'a', 0xF0, 0x9F, 0x98, 0x80});
+    ustring16 const pair = utf16({'a', 0xD83D, 0xDE00});
+    // Without the letter and with it.
+    for (std::size_t const index : {0u, 1u}) {
+        std::size_t const skipped = 1 - index;
+        for (std::size_t length = index; length < index + 4; ++length) {
+            std::size_t units = 0;
+            EXPECT_EQ(unichar(text.data() + skipped, length, index, units), utf32_unit{'?'});
+            EXPECT_EQ(units, npos);
+        }
         std::size_t units = 0;
-        EXPECT_EQ(unichar(text.data(), length, 0, units), utf32_unit{'?'});
+        EXPECT_EQ(unichar(pair.data() + skipped, index + 1, index, units), utf32_unit{'?'});
         EXPECT_EQ(units, npos);
     }
-    ustring16 const pair = utf16({0xD83D, 0xDE00});
-    std::size_t units = 0;
-    EXPECT_EQ(unichar(pair.data(), 1, 0, units), utf32_unit{'?'});
-    EXPECT_EQ(units, npos);
 }
 
 TEST(unichar, takes_a_32_bit_unit_as_it_stands) {
