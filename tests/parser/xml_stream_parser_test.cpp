@@ -646,6 +646,20 @@ TEST(xml_stream_queue, is_held_back_as_soon_as_two_can_be_taken) {
     EXPECT_EQ(parser.parse_offset(), parser.file_length());
 }
 
+// A parse that does not begin reads no end tags either.
+TEST(xml_stream_queue, is_held_back_while_just_two_can_be_taken) {
+    document const file(long_header + "<r><a/><b>" + elements(98));
+    parser_type parser(file.path(), 1);
+    EXPECT_EQ(parser.parse(), parser_type::no_error);
+    EXPECT_EQ(parser.node_queue_size(), 2u);
+    file.append("</b>");
+    EXPECT_EQ(parser.parse(), parser_type::no_error);
+    EXPECT_EQ(parser.node_queue_size(), 2u);
+    parser.node_queue_pop();
+    EXPECT_EQ(parser.parse(), parser_type::no_error);
+    EXPECT_EQ(parser.node_queue_size(), 100u);
+}
+
 TEST(xml_stream_queue, is_not_held_back_by_end_tags) {
     std::string text;
     std::string end;
@@ -1334,6 +1348,8 @@ TEST(xml_stream_recovery, without_names_does_nothing_but_fail) {
     parser.parse();
     EXPECT_EQ(parser.recover(name_list()), parser_type::recovery_failed);
     EXPECT_EQ(nodes_in(parser), (text_list{"+r", ".a"}));
+    // It is an error like others: taking the last node has not read on.
+    EXPECT_EQ(parser.error(), parser_type::recovery_failed);
     EXPECT_EQ(parser.parse(), parser_type::tag_mismatch);
 }
 
