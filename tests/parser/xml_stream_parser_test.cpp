@@ -766,6 +766,8 @@ TEST(xml_stream_elements, empty_open_nodes) {
         {"<r><a/><b/></a></r>", {{"+r", ".a", ".b", ".a", "!r"}, "end_of_document"}, 2},
         {"<r><a/><b>t</b></a></r>", {{"+r", ".a"}, "tag_mismatch"}, 2},
         {"<r/></r></r>", {{".r", "!r"}, "end_of_document"}},
+        // The text counts as one of the root's.
+        {"<r><s><a/></a>text</s></r>", {{"+r", "+s", ".a", ".a"}, "syntax_error"}, 3},
     });
 }
 

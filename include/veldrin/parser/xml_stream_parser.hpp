@@ -56,6 +56,10 @@ public:
     // without attributes or text, with the status `no_error`, or `end_of_document` for the root. All others,
     // and each element named `include`, give one, which is available when the element is closed, with the
     // status `no_error`.
+    //
+    // An open node that is written as an empty element, `<a/>`, has the status `no_error` and is still open:
+    // an end tag `</a>` must follow, which gives the second node. It is taken for the end of the element
+    // around, too: what comes behind it is read as if it stood beside that element, not in it.
     class VELDRIN_EXPORT node {
     public:
         // Without a name, not available, `need_more_data`, all numbers 0.
@@ -119,8 +123,9 @@ public:
     // queue, of which two can be taken. Returns the error as it is then:
     //
     // - `no_error`: to be called again when nodes have been taken, or the file has grown;
-    // - `need_more_data`: the same, the data having ended within a construct. A file of fewer than 50 bytes
-    //   stays at this, and so do a construct of more than 65536 and an end tag without a name;
+    // - `need_more_data`: the same, the data having ended within a construct: a name, an attribute, a run of
+    //   text, a comment. A file of fewer than 50 bytes stays at this, and so do an end tag without a name
+    //   and a construct, other than a comment, of more than 65536 bytes;
     // - `end_of_document`, and all from `fatal_error` on: for good;
     // - all others: again at each call, until `recover` has found a place to go on from. The nodes up to
     //   there are in the queue; while it is full, a call gives `no_error` and does not come to the place.
