@@ -17,6 +17,7 @@
 #include "veldrin/config/module_config_dispatch.hpp"
 #include "veldrin/config/std_config_dispatch.hpp"
 #include "veldrin/config/user_item.hpp"
+#include "veldrin/generic/abilities/make_dynamic.hpp"
 
 namespace {
 
@@ -169,6 +170,41 @@ TEST(config_manager, lets_go_of_its_dispatch_and_items) {
     EXPECT_EQ(dispatch.clones(), 1);
     manager.reset();
     EXPECT_EQ(dispatch.clones(), 0);
+}
+
+std::string life;
+
+class mortal_item : public user_item {
+public:
+    ~mortal_item() override { life += "item "; }
+};
+
+class mortal_dispatch : public config_dispatch {
+public:
+    ~mortal_dispatch() override { life += "dispatch "; }
+    void setup(item_list& items) const override {
+        life += "setup ";
+        items.push_back(generic::abilities::make_dynamic<mortal_item>());
+    }
+    void load(item_list&) const override {}
+    void unload(item_list&) const override {}
+    void save(item_list&) const override {}
+    config_dispatch* clone() const override {
+        life += "clone ";
+        return new mortal_dispatch(*this);
+    }
+};
+
+TEST(config_manager, lets_go_of_the_dispatch_then_of_the_items_and_only_then_takes_new_ones) {
+    mortal_dispatch const dispatch;
+    std::optional<config_manager> manager(std::in_place);
+    manager->init(dispatch);
+    life.clear();
+    manager->init(dispatch);
+    EXPECT_EQ(life, "dispatch item clone setup ");
+    life.clear();
+    manager.reset();
+    EXPECT_EQ(life, "dispatch item ");
 }
 
 TEST(config_manager, copies_share_items_and_dispatch) {
