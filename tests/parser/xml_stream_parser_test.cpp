@@ -606,6 +606,13 @@ TEST(xml_stream_queue, stops_at_the_start_tag_that_was_put_off) {
     EXPECT_EQ(nodes_in(parser, numbered_text_of), (text_list{"102<1 @3 .x y=1", "103<1 @3 .z", "1<0 @3 !r"}));
 }
 
+TEST(xml_stream_queue, puts_off_nothing_before_it_is_known_to_be_a_start_tag) {
+    document const file(long_header + "<r>" + elements(100) + "<");
+    parser_type parser(file.path(), 1);
+    EXPECT_EQ(parser.parse(), parser_type::need_more_data);
+    EXPECT_EQ(parser.node_queue_size(), 101u);
+}
+
 TEST(xml_stream_queue, is_emptied_by_taking_alone) {
     document const file(long_header + "<r>" + elements(5000) + "</r>");
     parser_type parser(file.path(), 1);
