@@ -9,7 +9,7 @@
 
 using config_nodes = VELDRIN_2_18::config::config_tree::entry_list;
 
-inline config_nodes nodes_of(VELDRIN_2_18::config::base_config_item const& item) {
+inline config_nodes nodes_of(VELDRIN_2_18::config::base_config_item& item) {
     config_nodes nodes;
     item.get_value_pair_array("", nodes, true);
     return nodes;

@@ -27,23 +27,23 @@ bool base_config_item::save(item_list const&) { return true; }
 
 void base_config_item::unload() {}
 
-ustring8 base_config_item::get_id() const { return id; }
+ustring8 base_config_item::get_id() { return id; }
 
 config_tree::entry_type const* base_config_item::get_value(ustring8 const& key) const {
     return tree.get_node(key);
 }
 
-void base_config_item::get_array(ustring8 const& key, config_tree::entry_list& out) const {
+void base_config_item::get_array(ustring8 const& key, config_tree::entry_list& out) {
     tree.get_array(key, out);
 }
 
 void base_config_item::get_value_pair_array(ustring8 const& key, config_tree::entry_list& out,
-                                            bool recursive) const {
+                                            bool recursive) {
     tree.get_value_pair_array(key, out, recursive, {});
 }
 
-std::pair<ustring8, types::variant>
-base_config_item::make_key_value(ustring8 const& text, config_token::tok_types delimiter) const {
+std::pair<ustring8, types::variant> base_config_item::make_key_value(ustring8 const& text,
+                                                                     config_token::tok_types delimiter) {
     unsigned int position = 0;
     config_token token;
     ustring8 key;
@@ -99,14 +99,14 @@ void base_config_item::set_elements(config_tree& parent, generic::varg_list cons
     }
 }
 
-void base_config_item::dump(std::ostream& os) const {
+void base_config_item::dump(std::ostream& os) {
     os.width(0);
     os << "object : " << id << "\n|---------------\\\n";
     tree.dump(os, 1);
     os << "end\n";
 }
 
-std::ostream& operator<<(std::ostream& os, base_config_item const& item) {
+std::ostream& operator<<(std::ostream& os, base_config_item& item) {
     item.dump(os);
     return os;
 }

@@ -20,7 +20,7 @@ bool is_array_head(config_tree::entry_type const& entry) {
 bool is_alias(config_tree::entry_type const& entry) { return (entry.first & config_tree::flag_alias) != 0; }
 
 struct answer {
-    base_config_item const* item = nullptr;
+    base_config_item* item = nullptr;
     config_tree::entry_type const* entry = nullptr;
 };
 
@@ -108,7 +108,7 @@ bool config_manager::is_array(ustring8 const& key) const {
 }
 
 void config_manager::get_array(ustring8 const& key, std::vector<variant>& out) const {
-    base_config_item const* const item = find_answer(m_items, key, is_array_head).item;
+    base_config_item* const item = find_answer(m_items, key, is_array_head).item;
     if (item == nullptr) {
         return;
     }
@@ -121,7 +121,7 @@ void config_manager::get_array(ustring8 const& key, std::vector<variant>& out) c
 
 void config_manager::get_key_value_array(ustring8 const& key, std::vector<std::pair<ustring8, variant>>& out,
                                          bool recursive) const {
-    base_config_item const* const item = find_answer(m_items, key).item;
+    base_config_item* const item = find_answer(m_items, key).item;
     if (item == nullptr) {
         return;
     }

@@ -82,7 +82,7 @@ config_tree::entry_type const* config_tree::get_node(ustring8 const& key) const 
     return node != nullptr ? &node->entry : nullptr;
 }
 
-void config_tree::get_array(ustring8 const& key, entry_list& out) const {
+void config_tree::get_array(ustring8 const& key, entry_list& out) {
     config_tree const* const head = find(key);
     if (head == nullptr || (head->entry.first & flag_array) == 0) {
         return;
@@ -97,7 +97,7 @@ void config_tree::get_array(ustring8 const& key, entry_list& out) const {
 }
 
 void config_tree::get_value_pair_array(ustring8 const& key, entry_list& out, bool recursive,
-                                       ustring8 const& prefix) const {
+                                       ustring8 const& prefix) {
     config_tree const* const top = key.empty() ? this : find(key);
     if (top == nullptr) {
         return;
@@ -116,7 +116,7 @@ void config_tree::get_value_pair_array(ustring8 const& key, entry_list& out, boo
         [&] { prefixes.pop_back(); });
 }
 
-void config_tree::dump(std::ostream& os, int depth) const {
+void config_tree::dump(std::ostream& os, int depth) {
     constexpr std::string_view bar = "|\t\t";
     std::string bars;
     std::int64_t level = depth;
@@ -146,7 +146,7 @@ void config_tree::dump(std::ostream& os, int depth) const {
         });
 }
 
-std::ostream& operator<<(std::ostream& os, config_tree const& tree) {
+std::ostream& operator<<(std::ostream& os, config_tree& tree) {
     tree.dump(os, 0);
     return os;
 }

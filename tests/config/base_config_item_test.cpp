@@ -104,7 +104,7 @@ TEST(base_config_item, loads_with_a_list_by_the_load_of_its_class) {
 // ---- Copies ----
 
 TEST(base_config_item, starts_without_a_name_and_without_keys) {
-    plain_item const item;
+    plain_item item;
     EXPECT_EQ(item.get_id(), "");
     EXPECT_EQ(shown(item), "");
 }
@@ -171,9 +171,8 @@ TEST(base_config_item, gives_the_elements_of_an_array) {
     plain_item item;
     item.set_array("a", varg_list({"x"}, {"y"}), {});
     config_tree::entry_list out = {{"there", {7, "before"}}};
-    plain_item const& constant = item;
-    constant.get_array("a", out);
-    constant.get_array("a.0", out);
+    item.get_array("a", out);
+    item.get_array("a.0", out);
     EXPECT_EQ(shown(out), "there=7:before 0=1:x 1=1:y");
 }
 
@@ -243,7 +242,7 @@ key_value_row const key_value_rows[] = {
 };
 
 TEST(make_key_value, splits_at_the_delimiter) {
-    plain_item const item;
+    plain_item item;
     for (key_value_row const& row : key_value_rows) {
         auto const [key, split_value] = item.make_key_value(row.text, row.delimiter);
         EXPECT_EQ(key, row.key) << testing::PrintToString(row.text);
@@ -405,7 +404,7 @@ TEST(base_config_item, dumps_its_name_and_its_tree) {
 }
 
 TEST(base_config_item, dumps_without_keys_and_by_the_stream_operator) {
-    plain_item const item("x");
+    plain_item item("x");
     std::string const expected = "object : x\n|---------------\\\n|\t\tend\nend\n";
     EXPECT_EQ(dump_of(item), expected);
     std::ostringstream stream;

@@ -21,7 +21,7 @@ using strings::ustring8;
 // The plain way to the same text: a walk through all entries for each section.
 class model {
 public:
-    explicit model(config_tree const& tree) { tree.get_value_pair_array("", m_entries, true, ""); }
+    explicit model(config_tree& tree) { tree.get_value_pair_array("", m_entries, true, ""); }
 
     std::string text() {
         for (auto const& [name, entry] : m_entries) {

@@ -22,7 +22,7 @@ using strings::ustring8;
 // Too long to be stored inside a string object.
 ustring8 const segment(40, 's');
 
-std::string names(config_tree const& tree) {
+std::string names(config_tree& tree) {
     config_tree::entry_list entries;
     tree.get_value_pair_array("", entries, true, "");
     std::string text;

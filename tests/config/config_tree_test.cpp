@@ -56,19 +56,19 @@ entry_type& entry_of(config_tree& tree) { return tree.*&open_tree::entry; }
 
 std::string node(config_tree const& tree, ustring8 const& key) { return shown(tree.get_node(key)); }
 
-std::string array(config_tree const& tree, ustring8 const& key) {
+std::string array(config_tree& tree, ustring8 const& key) {
     entry_list entries;
     tree.get_array(key, entries);
     return shown(entries);
 }
 
-std::string pairs(config_tree const& tree, ustring8 const& key, bool recursive, ustring8 const& prefix = {}) {
+std::string pairs(config_tree& tree, ustring8 const& key, bool recursive, ustring8 const& prefix = {}) {
     entry_list entries;
     tree.get_value_pair_array(key, entries, recursive, prefix);
     return shown(entries);
 }
 
-std::string dumped(config_tree const& tree, int depth = 0) {
+std::string dumped(config_tree& tree, int depth = 0) {
     std::ostringstream stream;
     tree.dump(stream, depth);
     return stream.str();
@@ -641,7 +641,7 @@ TEST(dump, shows_no_value_without_a_flag_word) {
 }
 
 TEST(dump, is_what_the_stream_operator_writes) {
-    config_tree const tree = sample();
+    config_tree tree = sample();
     std::ostringstream stream;
     EXPECT_EQ(&(stream << tree), &stream);
     EXPECT_EQ(stream.str(), dumped(tree));

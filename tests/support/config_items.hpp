@@ -11,7 +11,7 @@
 namespace support {
 
 // All nodes of the item.
-inline std::string shown(VELDRIN_2_18::config::base_config_item const& item) {
+inline std::string shown(VELDRIN_2_18::config::base_config_item& item) {
     VELDRIN_2_18::config::config_tree::entry_list entries;
     item.get_value_pair_array("", entries, true);
     return shown(entries);
@@ -19,7 +19,7 @@ inline std::string shown(VELDRIN_2_18::config::base_config_item const& item) {
 
 // What the item, or a manager, dumps.
 template <class Dumped>
-std::string dump_of(Dumped const& dumped) {
+std::string dump_of(Dumped& dumped) {
     std::ostringstream stream;
     dumped.dump(stream);
     return stream.str();

@@ -67,22 +67,21 @@ public:
     // A copy on the heap: give it to an `rc_pointer` or delete it.
     virtual base_config_item* clone() const = 0;
 
-    strings::ustring8 get_id() const;
+    strings::ustring8 get_id();
 
     // As in `config_tree`: null if there is no such node; good until the node is erased.
     config_tree::entry_type const* get_value(strings::ustring8 const& key) const;
 
     // As in `config_tree`, names being relative to `key`.
-    void get_array(strings::ustring8 const& key, config_tree::entry_list& out) const;
-    void get_value_pair_array(strings::ustring8 const& key, config_tree::entry_list& out,
-                              bool recursive) const;
+    void get_array(strings::ustring8 const& key, config_tree::entry_list& out);
+    void get_value_pair_array(strings::ustring8 const& key, config_tree::entry_list& out, bool recursive);
 
     // Splits a text at the first token of the type `delimiter`. The key is all tokens in front of it, without
     // blanks, tabs and line ends between them; the value, always a `ustring8`, all tokens behind it up to the
     // line end, without blanks and tabs between them. Strings lose their quotes and keep what they hold:
     // "a b = c \"d e\"" gives "ab" and "cd e". Without a delimiter all of the text is the key.
     std::pair<strings::ustring8, types::variant> make_key_value(strings::ustring8 const& text,
-                                                                config_token::tok_types delimiter) const;
+                                                                config_token::tok_types delimiter);
 
     // Sets one value. `flags` is 0, or `config_tree::flag_alias` for a value that names another key.
     void set(std::pair<strings::ustring8, types::variant> const& key_value, unsigned int flags);
@@ -100,7 +99,7 @@ public:
                    generic::varg_list const& element_flags);
 
     // Writes id and tree for a reader.
-    void dump(std::ostream& os) const;
+    void dump(std::ostream& os);
 
 protected:
     // Reads the token at the byte position `pos`, moves `pos` behind it, fills `tok` and returns its type.
@@ -121,6 +120,6 @@ private:
 };
 
 // `item.dump(os)`.
-VELDRIN_EXPORT std::ostream& operator<<(std::ostream& os, base_config_item const& item);
+VELDRIN_EXPORT std::ostream& operator<<(std::ostream& os, base_config_item& item);
 
 } // namespace VELDRIN_2_18::config

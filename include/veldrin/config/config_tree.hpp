@@ -80,7 +80,7 @@ public:
 
     // Appends the elements of the array at `key`, named "0", "1", ..., in this order and up to the first gap.
     // Appends nothing if there is no such node or its flag word lacks `flag_array`.
-    void get_array(strings::ustring8 const& key, entry_list& out) const;
+    void get_array(strings::ustring8 const& key, entry_list& out);
 
     // Appends the children of the node at `key`, siblings in byte order of their names ("10" before "2"), and
     // if `recursive` is true each one's subtree right behind it. Names are relative to the node:
@@ -90,12 +90,12 @@ public:
     // front of each name. With any other key `prefix` is ignored. Below a node whose relative name is empty,
     // names have nothing in front.
     void get_value_pair_array(strings::ustring8 const& key, entry_list& out, bool recursive,
-                              strings::ustring8 const& prefix) const;
+                              strings::ustring8 const& prefix);
 
     // Writes the subtree for a reader, each line behind `depth` times "|\t\t". A node with the flag word 0
     // shows as "name : true", any other with flag word and text: "name : 1 640". The stream's flags, width
     // and locale have no influence.
-    void dump(std::ostream& os, int depth) const;
+    void dump(std::ostream& os, int depth);
 
 protected:
     // `head` becomes the first segment of the key, lowered; `tail` what stands behind the separator that ends
@@ -122,6 +122,6 @@ private:
 };
 
 // `tree.dump(os, 0)`.
-VELDRIN_EXPORT std::ostream& operator<<(std::ostream& os, config_tree const& tree);
+VELDRIN_EXPORT std::ostream& operator<<(std::ostream& os, config_tree& tree);
 
 } // namespace VELDRIN_2_18::config
