@@ -255,6 +255,15 @@ TEST(message, lists_items_of_one_specification_once) {
     EXPECT_EQ(list.at(std::uint64_t(1)).name(), option_text("x=base=hex"));
 }
 
+TEST(message, lists_each_item_of_an_empty_specification) {
+    varg_list const list =
+        message_t({message_item("", message_item::int_type), message_item("", message_item::int_type)})
+            .arguments();
+    ASSERT_EQ(list.count(), 2U);
+    EXPECT_EQ(list.at(std::uint64_t(1)).name(), "");
+    EXPECT_TRUE(list.at(std::uint64_t(1)).value() == types::nil);
+}
+
 TEST(message, of_literal_items_lists_no_arguments) {
     EXPECT_TRUE(message_t({message_item("a"), message_item("b")}).arguments().empty());
     EXPECT_TRUE(message_t().arguments().empty());

@@ -65,7 +65,7 @@ public:
     std::size_t argument_count() const;
 
     // A nil value for each item that is not literal, under the name of its whole specification, options and
-    // all; items with the same specification share one entry.
+    // all. Items with the same specification share one entry, unless it is empty: each of those has its own.
     generic::varg_list arguments() const;
 
     // True if the message has items, `args` has at least `argument_count()` entries, and each argument is
