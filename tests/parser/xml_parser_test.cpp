@@ -1074,6 +1074,19 @@ TEST(xml_parser_life, keeps_a_name_whose_end_was_not_delivered_to_the_end) {
     EXPECT_EQ(parser.finish(parser.parse("<?xml?>x")), good({"character x"}));
 }
 
+// An element is open, and the attributes of the one before it forgotten, ahead of its event.
+TEST(xml_parser_life, keeps_an_element_whose_start_was_not_delivered_to_the_end) {
+    recording_parser parser;
+    auto const recorder = parser.on_element_start;
+    EXPECT_EQ(parser.parse("<?xml?><a c='1'>").type(), parse_error::unexpected_eof);
+    parser.on_element_start = functor::function_t<void(ustring8 const&)>(&throw_number);
+    EXPECT_THROW(parser.parse("<?xml?><b>"), int);
+    parser.on_element_start = recorder;
+    parser.events.clear();
+    EXPECT_EQ(parser.finish(parser.parse("<?xml?></b c='2'></a>")),
+              good({"end b", "attribute c=2", "end a"}));
+}
+
 struct text_collector {
     std::string text;
     void add(ustring8 const& run) { text += run; }
