@@ -1318,6 +1318,11 @@ TEST(xmc_productions, message_ends_at_any_end_tag_and_at_any_token_that_reads_ms
     }
 }
 
+TEST(xmc_productions, line_break_ends_at_its_own_end_tag) {
+    EXPECT_EQ(message({start("msg"), attributes_end, start("br"), attributes_end, end_of("msg"), space()}),
+              "9 Expected BR end tag not found\n in message element: \"\"");
+}
+
 TEST(xmc_productions, message_drops_tokens_that_have_no_place_in_it) {
     std::list<token> const tokens{start("msg"), attributes_end, text("a"), attribute("x"),
                                   value("y"),   attributes_end, text("b"), end_of("msg")};
