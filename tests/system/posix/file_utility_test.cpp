@@ -123,12 +123,12 @@ TEST_F(posix_files, move_does_not_replace_a_link_to_nothing) {
 }
 
 TEST_F(posix_files, mkdir_gives_all_rights_but_those_of_the_mask) {
-    mode_t const previous = ::umask(0027);
+    mode_t const previous = ::umask(0007);
     system::io::mkdir("one");
     system::create_directory("two/three");
     ::umask(previous);
     for (char const* const path : {"one", "two", "two/three"}) {
-        EXPECT_EQ(fs::status(path).permissions(), fs::perms(0750)) << path;
+        EXPECT_EQ(fs::status(path).permissions(), fs::perms(0770)) << path;
     }
 }
 
