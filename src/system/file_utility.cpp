@@ -63,6 +63,30 @@ int store(platform::path const& path, std::string const& contents) {
     return 0;
 }
 
+// An enumeration under way. An exception that leaves it before its end closes it.
+class directory_walk {
+public:
+    // Delivers the first entry, if there is one.
+    directory_walk(platform::path const& directory, platform::path_text& name)
+        : m_handle(platform::open_directory(directory, name)) {}
+    directory_walk(directory_walk const&) = delete;
+    directory_walk& operator=(directory_walk const&) = delete;
+    ~directory_walk() {
+        if (!is_over()) {
+            platform::close_directory(m_handle);
+        }
+    }
+
+    bool is_over() const { return m_handle == platform::directory_handle::none; }
+    bool next(platform::path_text& name) const { return platform::next_entry(m_handle, name); }
+
+    // The handle is never given back: nothing is held behind it once it has been read to its end.
+    void release() { m_handle = platform::directory_handle::none; }
+
+private:
+    platform::directory_handle m_handle;
+};
+
 bool is_special_name(platform::path_text const& name) {
     return (name.size() == 1 && name[0] == '.') || (name.size() == 2 && name[0] == '.' && name[1] == '.');
 }
@@ -74,8 +98,8 @@ void collect_files(platform::path const& directory, _private::directory_visit co
         return;
     }
     platform::path_text name;
-    platform::directory_handle const walk = platform::open_directory(directory, name);
-    if (walk == platform::directory_handle::none) {
+    directory_walk walk(directory, name);
+    if (walk.is_over()) {
         return;
     }
     do {
@@ -89,8 +113,9 @@ void collect_files(platform::path const& directory, _private::directory_visit co
         } else if (status.is_directory && status.owner_may_read) {
             collect_files(path, &visit, files);
         }
-    } while (platform::next_entry(walk, name));
-    // By contract it is a second enumeration that is closed; the walk's own has been read to its end.
+    } while (walk.next(name));
+    walk.release();
+    // By contract it is a second enumeration that is closed.
     platform::close_directory(platform::open_directory(directory, name));
 }
 
@@ -103,17 +128,16 @@ std::vector<platform::path> files_below(platform::path const& directory) {
 std::vector<platform::path> entries_of(platform::path const& directory) {
     std::vector<platform::path> entries;
     platform::path_text name;
-    platform::directory_handle const walk = platform::open_directory(directory, name);
-    if (walk == platform::directory_handle::none) {
+    directory_walk const walk(directory, name);
+    if (walk.is_over()) {
         return entries;
     }
     // By contract the first entry is dropped without a look at it.
-    while (platform::next_entry(walk, name)) {
+    while (walk.next(name)) {
         if (!is_special_name(name)) {
             entries.push_back(directory.child(name));
         }
     }
-    platform::close_directory(walk);
     return entries;
 }
 

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <istream>
 #include <map>
+#include <new>
 #include <ostream>
 #include <set>
 #include <stdexcept>
@@ -58,6 +59,8 @@ struct fake_file_system {
     std::map<std::string, std::vector<std::string>> names;
     std::set<std::string> can_be_made;
     int opens_that_succeed = 1000;
+    // There is no memory for it.
+    std::string const name_too_long = "too long";
     std::unique_ptr<std::istream> (*reader)() = nullptr;
     std::unique_ptr<std::ostream> (*writer)() = nullptr;
 
@@ -80,7 +83,11 @@ bool deliver(platform::directory_handle handle, platform::path_text& entry) {
     if (current.next == current.names.size()) {
         return false;
     }
-    entry = support::text_of<platform::path_text>(current.names[current.next++]);
+    std::string const& name = current.names[current.next++];
+    if (name == fake->name_too_long) {
+        throw std::bad_alloc();
+    }
+    entry = support::text_of<platform::path_text>(name);
     return true;
 }
 
@@ -286,6 +293,17 @@ TYPED_TEST(file_utility_calls, get_directory_files_takes_the_first_entry_too) {
     EXPECT_EQ(this->walk_calls(), (call_list{"open top as 1", "next 1", "open top as 2", "close 2"}));
 }
 
+TYPED_TEST(file_utility_calls, get_directory_files_closes_its_walks_when_memory_runs_out) {
+    this->m_fake.names["top"] = {"sub"};
+    this->m_fake.names["top/sub"] = {"a", "too long", "b"};
+    this->m_fake.entries = {{"top/sub", readable_directory}, {"top/sub/a", readable_file}};
+    std::vector<TypeParam> files;
+    EXPECT_THROW(system::get_directory_files(this->path("top"), files), std::bad_alloc);
+    EXPECT_EQ(this->walk_calls(),
+              (call_list{"open top as 1", "open top/sub as 2", "next 2", "close 2", "close 1"}));
+    EXPECT_EQ(files, std::vector<TypeParam>());
+}
+
 TYPED_TEST(file_utility_calls, get_directory_files_ends_at_once_if_the_first_opening_fails) {
     std::vector<TypeParam> files = this->paths({"earlier"});
     system::get_directory_files(this->path("top"), files);
@@ -402,6 +420,12 @@ TYPED_TEST(file_utility_calls, list_directory_of_a_single_entry_is_empty) {
     this->m_fake.names["top"] = {"only"};
     EXPECT_EQ(system::list_directory(this->path("top")), std::vector<TypeParam>());
     EXPECT_EQ(this->calls(), (call_list{"open top as 1", "next 1", "close 1"}));
+}
+
+TYPED_TEST(file_utility_calls, list_directory_closes_its_walk_when_memory_runs_out) {
+    this->m_fake.names["top"] = {".", "a", "too long", "b"};
+    EXPECT_THROW(system::list_directory(this->path("top")), std::bad_alloc);
+    EXPECT_EQ(this->calls(), (call_list{"open top as 1", "next 1", "next 1", "close 1"}));
 }
 
 TYPED_TEST(file_utility_calls, list_directory_closes_nothing_if_the_opening_fails) {
