@@ -85,6 +85,8 @@ std::basic_string<Unit> decimal_digits(Integer value) {
 template <class Character, class T>
 std::basic_string<Character> stream_text(T value) {
     std::basic_ostringstream<Character> stream;
+    // Else the stream would keep to itself that memory is exhausted, and the text would be cut.
+    stream.exceptions(std::ios_base::badbit);
     stream << value;
     return stream.str();
 }

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "support/allocations.hpp"
+#include "support/ascii_text.hpp"
 #include "support/unit_texts.hpp"
 #include "veldrin/types/variant.hpp"
 
@@ -87,6 +88,23 @@ TEST(variant_allocation, an_assignment_without_memory_leaves_the_value) {
     EXPECT_EQ(value.as_string(), "kept");
     EXPECT_FALSE(succeeds_with(0, [&value] { value = 5; }));
     EXPECT_EQ(value.as_string(), "kept");
+}
+
+// Longer than what a string holds in itself, and longer still in wide characters.
+TEST(variant_allocation, no_text_of_a_real_is_cut_where_memory_ends) {
+    variant const value(-1.23456e-300);
+    auto const wide_result = support::text_of<strings::wide_string>("-1.23456e-300");
+    for (std::size_t available = 0;; ++available) {
+        strings::ustring8 narrow;
+        strings::wide_string wide;
+        bool const has_narrow = succeeds_with(available, [&] { narrow = value.as_string(); });
+        bool const has_wide = succeeds_with(available, [&] { wide = value.as_wstring(); });
+        EXPECT_EQ(narrow, has_narrow ? "-1.23456e-300" : "");
+        EXPECT_TRUE(wide == (has_wide ? wide_result : strings::wide_string())) << available;
+        if (has_narrow && has_wide) {
+            break;
+        }
+    }
 }
 
 } // namespace

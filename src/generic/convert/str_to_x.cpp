@@ -199,6 +199,8 @@ template <class Real>
 Real extract(strings::ustring8 const& text, std::locale const& loc) {
     std::stringstream stream(text);
     stream.imbue(loc);
+    // Else the stream would keep to itself that memory is exhausted, and the number would read as 0.
+    stream.exceptions(std::ios_base::badbit);
     Real value = 0;
     stream >> value;
     return stream.fail() ? Real{0} : value;

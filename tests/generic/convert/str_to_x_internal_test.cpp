@@ -1,5 +1,5 @@
-// The integer parsers and formatters allocate nothing, but for a failure. Every allocation of this program is
-// counted, the library's too, since it is linked in.
+// The integer parsers and formatters allocate nothing, but for a failure; the real ones tell when they
+// cannot. Every allocation of this program is counted, the library's too, since it is linked in.
 
 #include "veldrin/generic/convert/str_to_x.hpp"
 
@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -50,6 +51,30 @@ TEST(integer_formatters, allocate_nothing) {
     generic::convert::lltoa(INT64_MIN, buffer, 2);
     generic::convert::ulltoa(UINT64_MAX, buffer, 36);
     EXPECT_EQ(support::allocations, before);
+}
+
+// Calls `parse` with memory for one allocation more each time, until it has a result.
+template <class Parse>
+auto result_when_memory_suffices(Parse parse) {
+    for (std::size_t allocations_left = 0;; ++allocations_left) {
+        support::allocations_left = allocations_left;
+        try {
+            auto const value = parse();
+            support::allocations_left = SIZE_MAX;
+            return value;
+        } catch (std::bad_alloc const&) {
+            support::allocations_left = SIZE_MAX;
+        }
+    }
+}
+
+TEST(real_parsers, never_take_exhausted_memory_for_a_text_without_a_number) {
+    std::string const text = "1.5" + std::string(100, '0');
+    strings::ustring8 const number = text;
+    EXPECT_EQ(result_when_memory_suffices([&] { return generic::convert::str_to_float(number); }), 1.5F);
+    EXPECT_EQ(result_when_memory_suffices([&] { return generic::convert::str_to_double(number); }), 1.5);
+    EXPECT_EQ(result_when_memory_suffices([&] { return generic::convert::str_to_long_double(number); }),
+              1.5L);
 }
 
 } // namespace
