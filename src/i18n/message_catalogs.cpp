@@ -1,5 +1,6 @@
 #include "veldrin/i18n/message_catalogs.hpp"
 
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -27,18 +28,19 @@ using load_error = xmc_file_loader::load_error;
 
 namespace {
 
-// One call of a load function: where to, and for which language and catalogue.
+// One call of a load function: where to, and for which language and catalogue. The names are copies: those
+// that the caller has may lie in the store, and end with the first file that is merged into it.
 class load_request {
 public:
     load_request(message_catalogs::catalog_map& store, ustring8 const& lang) : m_store(store), m_lang(lang) {}
 
     load_request(message_catalogs::catalog_map& store, ustring8 const& lang, ustring8 const& catalog)
-        : m_store(store), m_lang(lang), m_catalog(&catalog) {}
+        : m_store(store), m_lang(lang), m_catalog(catalog) {}
 
     result_type file(ustring8 const& path) const {
         xmc_file_loader loader;
         load_error const error =
-            m_catalog == nullptr ? loader.parse(path, m_lang) : loader.parse(path, m_lang, *m_catalog);
+            m_catalog ? loader.parse(path, m_lang, *m_catalog) : loader.parse(path, m_lang);
         if (error.type() == xmc_file_loader::no_error) {
             loader.combine_data(m_store);
         }
@@ -112,8 +114,8 @@ private:
     }
 
     message_catalogs::catalog_map& m_store;
-    ustring8 const& m_lang;
-    ustring8 const* m_catalog = nullptr;
+    ustring8 m_lang;
+    std::optional<ustring8> m_catalog;
 };
 
 template <class Path>

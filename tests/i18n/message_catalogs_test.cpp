@@ -512,6 +512,20 @@ TEST_F(catalogs_test, second_load_keeps_what_weighs_more) {
     EXPECT_EQ(shown(catalogs), "c/m=fr:text");
 }
 
+// The first file that is merged drops the set in which the catalogue keeps its languages.
+TEST_F(catalogs_test, names_of_a_load_may_lie_in_the_store) {
+    std::string const lang = "fr_" + std::string(100, 'x');
+    std::vector<ustring8> const paths = {file("a.xmc", file_of("status", lang, "a")),
+                                         file("b.xmc", file_of("status", lang, "b"))};
+    catalogs.load_file(paths[0], lang);
+    catalog_t const& status = catalogs.catalog(ustring8("status"));
+    EXPECT_EQ(catalogs.load(paths, *status.languages_begin()).type(), message_catalogs::no_error);
+    EXPECT_EQ(status.size(), 2U);
+    EXPECT_EQ(catalogs.load(paths, *status.languages_begin(), catalogs.begin()->first).type(),
+              message_catalogs::no_error);
+    EXPECT_EQ(shown(catalogs), "status/a=" + lang + ":text status/b=" + lang + ":text");
+}
+
 TEST_F(catalogs_test, second_language_overlays_the_first) {
     ustring8 const french =
         file("fr.xmc", "<?xml?><xmc version='1.0'><catalog name='c' lang='fr'><msg name='1'>"
