@@ -23,11 +23,13 @@ catalog_t::catalog_t(ustring8 const& name, std::vector<ustring8> const& language
 
 catalog_t& catalog_t::operator=(catalog_t const& other) { return assign(other); }
 
-// The base is left alone: flag and count belong to the object.
+// The base is left alone: flag and count belong to the object. The copy comes first: once it is made, nothing
+// can fail.
 catalog_t& catalog_t::assign(catalog_t const& other) {
-    m_name = other.m_name;
-    m_languages = other.m_languages;
-    m_messages = other.m_messages;
+    catalog_t copy(other);
+    m_name.swap(copy.m_name);
+    m_languages.swap(copy.m_languages);
+    m_messages.swap(copy.m_messages);
     return *this;
 }
 
@@ -68,9 +70,13 @@ message_t const& catalog_t::message(ustring16 const& key) const { return message
 message_t const& catalog_t::message(ustring32 const& key) const { return message(to_utf8(key)); }
 
 message_t const& catalog_t::message(ustring8 const& key, message_t const& value) {
-    // They outlive the look-up: the key may be one of them.
-    std::set<ustring8> const forgotten = std::exchange(m_languages, {});
-    return m_messages[key] = value;
+    // The copy comes first, so that a message is written whole or not at all.
+    message_t copy(value);
+    message_t& stored = m_messages[key];
+    stored = std::move(copy);
+    // Not before the look-up: the key may be one of them.
+    m_languages.clear();
+    return stored;
 }
 
 catalog_t::language_iterator catalog_t::languages_begin() const { return languages().begin(); }
@@ -91,10 +97,13 @@ catalog_t::const_iterator catalog_t::begin() const { return m_messages.begin(); 
 
 catalog_t::const_iterator catalog_t::end() const { return m_messages.end(); }
 
+// A set that is filled in part would be taken for the whole one.
 void catalog_t::gen_lang_set() const {
+    std::set<ustring8> languages;
     for (auto const& [key, message] : m_messages) {
-        m_languages.insert(message._orginal_locale());
+        languages.insert(message._orginal_locale());
     }
+    m_languages.merge(languages);
 }
 
 std::set<ustring8> const& catalog_t::languages() const {

@@ -42,6 +42,8 @@ public:
               std::map<strings::ustring8, message_t> const& messages);
 
     catalog_t(catalog_t const& other) = default;
+
+    // If memory runs out, the catalogue is as it was.
     catalog_t& operator=(catalog_t const& other);
     catalog_t& assign(catalog_t const& other);
 
@@ -68,7 +70,7 @@ public:
     message_t const& message(strings::ustring32 const& key) const;
 
     // Inserts the message, or overwrites the one of that key, and forgets the known languages. Returns the
-    // stored message.
+    // stored message. If memory runs out, the catalogue is as it was.
     message_t const& message(strings::ustring8 const& key, message_t const& value);
 
     // The languages of the messages as they are written in their files, in byte order. The set is filled when
