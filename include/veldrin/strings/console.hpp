@@ -4,6 +4,9 @@
 // header, constructors of static objects too.
 //
 //     strings::gh2::ucout << L"ready";
+//
+// They behave as the standard streams do: a character that the process's locale lacks may come out as "?",
+// and on Linux nothing that is written to `std::cout` after `ucout` comes out.
 
 #pragma once
 
