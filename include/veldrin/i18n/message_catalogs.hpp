@@ -9,7 +9,7 @@
 //     if (result.type() != i18n::message_catalogs::no_error) {
 //         std::cerr << result << '\n';   // what is wrong, and where
 //     }
-//     catalogs.message("status", "idle").as_utf8(generic::varg_list());   // "Au repos"
+//     catalogs.message("status", "title").as_utf8(generic::varg_list());   // "Synchronisation de fichiers"
 
 #pragma once
 
