@@ -45,8 +45,8 @@ namespace VELDRIN_2_18::serialization {
 //
 // A negative length takes all bytes that are left and moves the cursor back, by one less and counted from the
 // first of them; in front of the data it wraps and is behind the end. A length other than 0 in a last field
-// without its 01 throws `std::out_of_range` "invalid string position" and leaves the cursor at that length.
-// Lengths of 2 GiB and more do not read back.
+// without its 01 throws `std::out_of_range` "invalid string position" and leaves the cursor that many bytes
+// from the front. Lengths of 2 GiB and more do not read back.
 class VELDRIN_EXPORT serialize_text_buf : public _private::cursor_buffer {
 public:
     // Empty.
