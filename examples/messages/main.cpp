@@ -4,7 +4,7 @@
 //
 //     messages -catalogs=DIRECTORY                 a table of all languages
 //     messages -catalogs=DIRECTORY -language=de    one language, falling back where it lacks a text
-//     messages -check=FILE                         what stands in a catalogue, or all that is wrong in it
+//     messages -check=FILE                         what stands in a catalogue, or what is wrong there first
 //
 // A path with blanks in it is quoted for the option reader too: -check="\"my file.xmc\"".
 
