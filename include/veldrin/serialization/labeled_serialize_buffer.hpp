@@ -52,8 +52,8 @@ public:
     virtual labeled_serialize_buffer& assign(std::string const& text) = 0;
     virtual labeled_serialize_buffer& assign(labeled_serialize_buffer const& other) = 0;
 
-    // The text that `assign` reads. It is rendered at every call, into this buffer, so no two threads may call
-    // it at once; the reference stands until the next.
+    // The text that `assign` reads. It is rendered at every call; the reference stands until the next. The
+    // buffer keeps it, so no two threads may call this at once.
     virtual std::string const& as_str() const = 0;
 
     // Gives the label a value and leaves its group alone. `value_replaced` if it had one that was not nil.
