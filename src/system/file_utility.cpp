@@ -72,12 +72,12 @@ public:
     directory_walk(directory_walk const&) = delete;
     directory_walk& operator=(directory_walk const&) = delete;
     ~directory_walk() {
-        if (!is_over()) {
+        if (is_open()) {
             platform::close_directory(m_handle);
         }
     }
 
-    bool is_over() const { return m_handle == platform::directory_handle::none; }
+    bool is_open() const { return m_handle != platform::directory_handle::none; }
     bool next(platform::path_text& name) const { return platform::next_entry(m_handle, name); }
 
     // The handle is never given back: nothing is held behind it once it has been read to its end.
@@ -99,7 +99,7 @@ void collect_files(platform::path const& directory, _private::directory_visit co
     }
     platform::path_text name;
     directory_walk walk(directory, name);
-    if (walk.is_over()) {
+    if (!walk.is_open()) {
         return;
     }
     do {
@@ -129,7 +129,7 @@ std::vector<platform::path> entries_of(platform::path const& directory) {
     std::vector<platform::path> entries;
     platform::path_text name;
     directory_walk const walk(directory, name);
-    if (walk.is_over()) {
+    if (!walk.is_open()) {
         return entries;
     }
     // By contract the first entry is dropped without a look at it.
