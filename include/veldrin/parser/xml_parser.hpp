@@ -87,9 +87,9 @@ public:
     // delegate must not assign or destroy the parser that calls it, or parse with it, or replace itself.
     text_delegate on_element_start;  // the name, when "<name" has been read
     text_delegate on_element_end;    // the name, when "</name", open or not, or "/>" has been read
-    attribute_delegate on_attribute; // name and value, references in the value replaced
+    attribute_delegate on_attribute; // name and value, references replaced; also of a value that does not end
     text_delegate on_character;      // a run of text, references replaced; or a CDATA section as it stands
-    text_delegate on_space;          // white space outside tags, if it does not belong to a run of text
+    text_delegate on_space;          // white space outside tags and runs of text, but not behind the header
     text_delegate on_comment;        // the text between "<!--" and "-->" as it stands
     // A white-space character that stands alone behind a character of text belongs to the run; two in a row
     // end it. A CDATA section or comment directly behind an `on_space` has that white space in front of its

@@ -40,7 +40,7 @@ public:
         no_error = 0,
         need_more_data = 1,      // the data ended within a construct, or is too short for a document
         recovery_failed = 2,     // nothing to resume at
-        end_of_document = 3,     // the root element was closed
+        end_of_document = 3,     // the root element, or an open node of its name, was closed
         tag_mismatch = 4,        // an end tag that does not fit the innermost open element
         duplicate_attribute = 5, // an attribute given twice
         syntax_error = 6,        // a character that is not allowed here
@@ -109,8 +109,11 @@ public:
         char const* what() const noexcept override;
     };
 
-    // Elements at a depth below `depth`, the root being at depth 0, are open nodes. The error is `file_error`
-    // if the file cannot be opened, which a directory cannot, and `no_error` otherwise.
+    // Elements at a depth below `depth`, the root being at depth 0, are open nodes. At 0 there are none, so
+    // no `end_of_document` is ever met, and `recover` has no root to go by: take 1 at least.
+    //
+    // The error is `file_error` if the file cannot be opened, which a directory cannot, and `no_error`
+    // otherwise.
     xml_stream_parser(strings::ustring8 const& file, unsigned int depth);
     xml_stream_parser(strings::ustring16 const& file, unsigned int depth);
     xml_stream_parser(strings::ustring32 const& file, unsigned int depth);
