@@ -115,15 +115,20 @@ xml_stream_parser::node xml_stream_parser::node_queue_pop() {
     if (m_tags_without_node < m_tags.size() && m_tags[m_tags_without_node].position == m_queue.begin()) {
         ++m_tags_without_node;
     }
-    node taken = std::move(m_queue.front());
-    m_queue.pop_front();
-    if (!taken.m_available) {
+    std::list<node> taken;
+    taken.splice(taken.begin(), m_queue, m_queue.begin());
+    if (!taken.front().m_available) {
         throw EmptyNodeQueue();
     }
     if (m_error < recovery_failed && node_queue_empty()) {
-        do_parse();
+        try {
+            do_parse();
+        } catch (...) {
+            m_queue.splice(m_queue.begin(), taken);
+            throw;
+        }
     }
-    return taken;
+    return std::move(taken.front());
 }
 
 std::uint32_t xml_stream_parser::line() const { return m_input->line(); }

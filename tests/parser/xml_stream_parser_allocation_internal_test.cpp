@@ -90,4 +90,29 @@ TEST(xml_stream_parser_memory, may_run_out_anywhere) {
     EXPECT_GT(allocations, 10u);
 }
 
+// The node of the root is available alone, so that taking it reads on.
+TEST(xml_stream_parser_memory, that_runs_out_while_a_node_is_taken_leaves_it_in_the_queue) {
+    support::fake_file file;
+    support::the_file = &file;
+    std::string const whole = document_text();
+    std::string const root = "<root_" + long_text + ">";
+    bool has_run_out = true;
+    std::size_t allocations = 0;
+    for (; has_run_out; ++allocations) {
+        ASSERT_LT(allocations, 200u);
+        file.contents = whole.substr(0, whole.find(root) + root.size());
+        xml_stream_parser parser(ustring8("f"), 1);
+        parser.parse();
+        ASSERT_EQ(parser.node_queue_size(), 1u);
+        file.contents = whole;
+        xml_stream_parser::node taken;
+        has_run_out = runs_out(allocations, [&] { taken = parser.node_queue_pop(); });
+        if (has_run_out) {
+            taken = parser.node_queue_pop();
+        }
+        EXPECT_EQ(taken.tag(), "root_" + long_text) << allocations;
+    }
+    EXPECT_GT(allocations, 10u);
+}
+
 } // namespace

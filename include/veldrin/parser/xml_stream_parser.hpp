@@ -164,9 +164,9 @@ public:
     node& node_queue_front();
 
     // Takes the front node; if none is available behind it, and the error is below 2, reads on as `parse`
-    // does. What is met later of the attributes and text of an element whose node has been taken is dropped.
-    // Throws `EmptyNodeQueue` if the queue is empty, and also if its front is not available, which is gone
-    // by then.
+    // does; if that throws, the node stands at the front again. What is met later of the attributes and text
+    // of an element whose node has been taken is dropped. Throws `EmptyNodeQueue` if the queue is empty, and
+    // also if its front is not available, which is gone by then.
     node node_queue_pop();
 
     // The name of the first open node; empty before it.
