@@ -39,12 +39,15 @@ public:
     virtual ~config_manager();
 
     // Takes a clone of the dispatch, and the items that it sets up, in place of those that were there. Loads
-    // nothing.
+    // nothing. What is there is given up first: if the cloning or the setup throws, the manager is left with
+    // what it had come to, and the dispatch that the manager holds cannot be passed.
     void init(config_dispatch const& dispatch);
 
     // Hand the items to the dispatch. False, and nothing is done, before `init`; otherwise true. `save`
     // writes no file with the dispatches of this library: a file is written by the item,
     //     manager.get_config_item("standard file")->save();
+    // What a dispatch or an item throws passes through. Neither may initialise, assign or destroy the manager
+    // that calls it; an item may ask it.
     bool load();
     bool unload();
     bool save();

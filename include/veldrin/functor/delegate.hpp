@@ -32,7 +32,8 @@ public:
     explicit operator bool() const { return !empty(); }
 
     // An empty delegate does nothing and returns a value-initialised result, so only a delegate whose result
-    // has such a value, or is void, can be called: not one that returns a reference.
+    // has such a value, or is void, can be called: not one that returns a reference. The callable may replace
+    // or clear the delegate that calls it, but is destroyed then, and must not use itself any more.
     Result operator()(Arguments... arguments) const {
         if (empty()) {
             return Result();
@@ -87,8 +88,8 @@ public:
     delegate_t(types::nil_t const&) {}
 
     // Holds a clone, so the argument may be a temporary. What the callable refers to must stay alive. The
-    // callable held before is destroyed first: if the cloning throws, the delegate is left empty. Assigning
-    // the held callable itself changes nothing.
+    // callable held before is destroyed first: if the cloning throws, the delegate is left empty, and a
+    // callable that is a part of it cannot be assigned. Assigning the held callable itself changes nothing.
     delegate_t(callable_type const& callable) : base(callable) {}
 
     delegate_t& operator=(callable_type const& callable) { return assign(callable); }
