@@ -108,10 +108,10 @@ public:
     std::ostream& ostream(std::ostream& stream) const;
 
     // Integers. An integer is cast: truncated, wrapped or sign-extended. A bool is 1 or 0, nil is 0. A
-    // floating value is truncated to 64 bits and cast; a NaN, and what 64 bits cannot hold, count as the
-    // smallest 64-bit integer. Text is parsed for the result's type by generic/convert, with the radix
-    // detected from it ("0x10", "0b10", "010"): a text with no number gives 0, a number out of range the
-    // nearest limit.
+    // floating value is truncated to a signed 64-bit integer and cast; a NaN, and what does not fit there,
+    // count as the smallest one, but `as_uint64` keeps what fits into 64 unsigned bits. Text is parsed for
+    // the result's type by generic/convert, with the radix detected from it ("0x10", "0b10", "010"): a text
+    // with no number gives 0, a number out of range the nearest limit.
     int as_int() const;
     int as_signed() const;
     short as_short() const;
