@@ -217,6 +217,7 @@ chain_case const chains[] = {
     // With a separator at the end it was made as part of the walk.
     {"a/b/", {"a/b"}, {"create ", "create a", "create a/b"}, true},
     {"a/b/", {"a", "a/b/"}, {"create ", "create a", "create a/b"}, false},
+    {"a/b//", {"a/b"}, {"create ", "create a", "create a/b", "create a/b/"}, false},
     {"a/", {"a"}, {"create ", "create a"}, true},
     // The prefix of length 0 gives the first outcome.
     {"", {}, {"create "}, false},

@@ -25,7 +25,8 @@ VELDRIN_EXPORT bool have_read_access(strings::ustring16 const& path);
 VELDRIN_EXPORT bool have_read_access(strings::ustring32 const& path);
 
 // Makes every missing directory of the path. True if the path is a directory already or its last level could
-// be made, whatever happened on the levels above; false for an empty path. A trailing separator is allowed.
+// be made, whatever happened on the levels above; false for an empty path. One trailing separator is allowed.
+// With two, a directory that is missing is made as well, but the answer is false.
 VELDRIN_EXPORT bool create_directory(strings::ustring8 const& path);
 VELDRIN_EXPORT bool create_directory(strings::ustring16 const& path);
 VELDRIN_EXPORT bool create_directory(strings::ustring32 const& path);
