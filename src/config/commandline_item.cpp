@@ -25,6 +25,9 @@ bool is_byte(config_token const& token, char byte) {
 }
 
 void warn(char const* argument) {
+    // In the static library an object of the program may be built, and load, before this file's own
+    // <iostream>.
+    std::ios_base::Init const console;
     std::cout << "Warning! unknown key:" << argument << "\nIgnoring key and continuing\n";
 }
 
