@@ -28,8 +28,8 @@ namespace VELDRIN_2_18::config {
 //
 // "/" starts an option as "-" does: an absolute path is one, unless it stands behind the first value of an
 // array. Exactly one such byte is taken off, so "--key" has the key "-key". Of ">=", "<=", "+=", "-=", "*="
-// and "/=" the first byte stays on the key. An argument that is neither an option nor a value is reported on
-// the standard output and skipped. An option given twice is written twice.
+// and "/=" the first byte stays on the key; "==" separates nothing. An argument that is neither an option nor
+// a value is reported on the standard output and skipped. An option given twice is written twice.
 //
 // All values are texts, held as a `std::string` where the option has a value. They lose their double quotes.
 // A run of blanks in an argument counts as the token in front of it once more: "a b" is the key or value
