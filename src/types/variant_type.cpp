@@ -96,6 +96,8 @@ Text to_text(T const& value) {
     using unit = typename Text::value_type;
     if constexpr (is_nil<T>) {
         return decimal_digits<unit>(0);
+    } else if constexpr (std::is_base_of_v<std::basic_string<unit>, T>) {
+        return value;
     } else if constexpr (is_text<T>) {
         return encoding<unit>::from(value);
     } else if constexpr (is_integer<T>) {

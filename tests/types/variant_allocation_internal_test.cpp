@@ -58,6 +58,25 @@ TEST(variant_allocation, text_is_parsed_where_it_stands) {
     }
 }
 
+TEST(variant_allocation, text_in_the_units_of_the_result_is_copied_once) {
+    std::string const text(100, 'x');
+    variant const standard(text);
+    variant const utf8{strings::ustring8(text)};
+    for (variant const* value : {&standard, &utf8}) {
+        EXPECT_EQ(allocations_of([value] { value->as_string(); }), 1U);
+        EXPECT_EQ(allocations_of([value] { value->as_utf8(); }), 1U);
+    }
+    variant const wide{strings::wide_string(text.begin(), text.end())};
+    variant const utf16{strings::ustring16(text.begin(), text.end())};
+    for (variant const* value : {&wide, &utf16}) {
+        EXPECT_EQ(allocations_of([value] { value->as_wstring(); }), 1U);
+        EXPECT_EQ(allocations_of([value] { value->as_ustring(); }), 1U);
+        EXPECT_EQ(allocations_of([value] { value->as_utf16(); }), 1U);
+    }
+    variant const utf32{strings::ustring32(text.begin(), text.end())};
+    EXPECT_EQ(allocations_of([&utf32] { utf32.as_utf32(); }), 1U);
+}
+
 // Whether the action came to its end with memory for so many allocations.
 template <class Action>
 bool succeeds_with(std::size_t available, Action action) {
