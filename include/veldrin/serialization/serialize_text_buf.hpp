@@ -40,8 +40,8 @@ namespace VELDRIN_2_18::serialization {
 // on numbers are 0, strings and nested buffers empty, until `reset_read`.
 //
 // A string or nested buffer reads its length by `read_int32`, takes that many bytes, or as many as there are,
-// and moves the cursor as if all were there. Read at the end, with the cursor not parked, it is empty and
-// leaves the cursor at the front: `at_end` is false again.
+// and moves the cursor as if all were there. Read at the end, with the cursor not parked, or with a length of
+// 0 in a last field without its 01, it is empty and leaves the cursor at the front: `at_end` is false again.
 //
 // A negative length takes all bytes that are left and moves the cursor back, by one less and counted from the
 // first of them; in front of the data it wraps and is behind the end. A length other than 0 in a last field
