@@ -115,6 +115,18 @@ TYPED_TEST(serialize_allocation, a_nested_buffer_without_memory_leaves_nothing_b
     }
 }
 
+TYPED_TEST(serialize_allocation, a_read_without_memory_moves_behind_the_value) {
+    TypeParam buffer;
+    buffer.append_string(long_text);
+    buffer.append_string(long_text);
+    buffer.append_int8(5);
+    support::allocations_left = 0;
+    EXPECT_THROW(buffer.read_string(), std::bad_alloc);
+    EXPECT_THROW(delete buffer.read_buffer(), std::bad_alloc);
+    support::allocations_left = SIZE_MAX;
+    EXPECT_EQ(buffer.read_int8(), 5);
+}
+
 // The standard library looks a locale's signs up when the first number is written by it. A stream that fails
 // there says nothing unless it is asked to.
 TEST(serialize_text_allocation, a_real_that_the_locale_has_no_memory_for_is_not_written_in_part) {

@@ -102,7 +102,8 @@ public:
     //
     // A load adds to the store. A message of a name that is there is replaced if its language does not weigh
     // more in this load, so a second language overlays the first; `erase` the store to switch cleanly. A file
-    // that fails changes nothing; the files before it stay loaded. Nothing is thrown for bad files.
+    // that fails changes nothing; the files before it stay loaded. Nothing is thrown for bad files. If memory
+    // runs out, the messages written by then stay.
     // ------------------------------------------------------------------------------------------------------
 
     result_type load_file(strings::ustring8 const& path, strings::ustring8 const& lang);

@@ -74,8 +74,9 @@ public:
     // Appends the bytes of a buffer of any form, this one included, framed as a string.
     virtual void append_buffer(serialize_buffer const& value) = 0;
 
-    // Read the value at the cursor and move behind it. Nothing tells of bad data; behind the end there are
-    // zeros and empty strings. Each form says what its cursor does there.
+    // Read the value at the cursor and move behind it, also where there is no memory for a string or a nested
+    // buffer. Nothing tells of bad data; behind the end there are zeros and empty strings. Each form says
+    // what its cursor does there.
     virtual signed char read_int8() const = 0;
     virtual short read_int16() const = 0;
     virtual std::int32_t read_int32() const = 0;
