@@ -228,6 +228,12 @@ TYPED_TEST(catalogs_texts, report_a_missing_directory) {
     EXPECT_EQ(filtered.message(), message);
 }
 
+TYPED_TEST(catalogs_texts, load_nothing_of_a_directory_that_is_a_file) {
+    EXPECT_EQ(this->catalogs.load_directory(text_of<TypeParam>(this->one), text_of<TypeParam>("fr")).type(),
+              message_catalogs::no_error);
+    EXPECT_EQ(shown(this->catalogs), "");
+}
+
 TYPED_TEST(catalogs_texts, load_a_list_of_paths) {
     message_catalogs some;
     std::vector<TypeParam> const paths = texts_of<TypeParam>({this->one, this->two});

@@ -127,7 +127,8 @@ public:
     //
     // Loads every file whose name ends in ".xmc" or ".xml", in any case, in the order of the listing, and
     // walks subdirectories where they are met, except into one that the walk is inside of. Stops at the first
-    // failure and returns it; otherwise returns the result of the last file, or `no_error` if there was none.
+    // failure and returns it; otherwise returns the result of the last file, or `no_error` if there was none,
+    // as is the case where the path names a file.
     result_type load_directory(strings::ustring8 const& path, strings::ustring8 const& lang);
     result_type load_directory(strings::ustring16 const& path, strings::ustring16 const& lang);
     result_type load_directory(strings::ustring32 const& path, strings::ustring32 const& lang);
