@@ -558,9 +558,11 @@ TEST(labeled_text_buffer, creates_and_clones_counted_objects_on_the_heap) {
     using pointer = memory::pointers::rc_pointer<labeled_serialize_buffer>;
     labeled_text_buffer buffer = sample();
     pointer const created(buffer.create());
+    EXPECT_TRUE(created->is_created_dynamic());
     EXPECT_TRUE(created->is_empty());
     EXPECT_NE(dynamic_cast<labeled_text_buffer*>(&*created), nullptr);
     pointer const cloned(buffer.clone());
+    EXPECT_TRUE(cloned->is_created_dynamic());
     buffer.retrieve_group("g")->add_value("b", 6);
     EXPECT_EQ(cloned->as_str(), sample().as_str());
     EXPECT_EQ(cloned->retrieve_value("a").type(), typeid(int));
@@ -569,6 +571,25 @@ TEST(labeled_text_buffer, creates_and_clones_counted_objects_on_the_heap) {
     // A pointer to what is not on the heap deletes nothing.
     pointer const to_group(buffer.retrieve_group("g"));
     EXPECT_EQ(text_of(*to_group, "b"), "6");
+}
+
+// A copy is an object of its own, whose last pointer must not take it for one on the heap, nor the other way.
+TEST(labeled_text_buffer, keeps_its_own_count_and_flag) {
+    std::unique_ptr<labeled_serialize_buffer> const heap(sample().clone());
+    auto const& dynamic = dynamic_cast<labeled_text_buffer const&>(*heap);
+    EXPECT_FALSE(heap->retrieve_group("g")->is_created_dynamic());
+    labeled_text_buffer copy(dynamic);
+    EXPECT_FALSE(copy.is_created_dynamic());
+    copy = dynamic;
+    EXPECT_FALSE(copy.is_created_dynamic());
+    static_cast<labeled_serialize_buffer&>(copy) = dynamic;
+    EXPECT_FALSE(copy.is_created_dynamic());
+    group_of(copy, "g") = dynamic;
+    EXPECT_FALSE(copy.retrieve_group("g")->is_created_dynamic());
+    copy.overlay(dynamic);
+    EXPECT_FALSE(copy.is_created_dynamic());
+    *heap = copy;
+    EXPECT_TRUE(heap->is_created_dynamic());
 }
 
 // ---- Overlay -------------------------------------------------------------------------------------------
