@@ -153,7 +153,8 @@ public:
 
     // Files and directories in order, up to the first failure, which is returned; otherwise returns the
     // result of the last path, or `no_error` if there was none. A store that stays empty is no failure here.
-    // Paths in a `std::string` are UTF-8, in a `wide_string` UTF-16.
+    // Paths in a `std::string` are UTF-8, in a `wide_string` UTF-16. Literals in braces alone fit several of
+    // these: write the list's type.
     result_type load(std::vector<strings::ustring8> const& paths, strings::ustring8 const& lang);
     result_type load(std::vector<strings::ustring16> const& paths, strings::ustring16 const& lang);
     result_type load(std::vector<strings::ustring32> const& paths, strings::ustring32 const& lang);
