@@ -38,8 +38,8 @@ VELDRIN_EXPORT void ____________________ASSERT____________________(char const* c
                                                                    char const* const function);
 
 // The first variadic argument is a `char const*` in the form of `printf`, the others are its arguments. The
-// hook gets "expression : formatted context", cut to 255 bytes; with a null format, or an expression that
-// fills them alone, there is no context.
+// hook gets "expression : formatted context", cut to 255 bytes; with a null format it gets "expression : ".
+// The hook gets "(null)" for a null expression.
 VELDRIN_EXPORT void _______________CONTEXT__ASSERT________________(char const* const expression,
                                                                    char const* const file, unsigned int line,
                                                                    char const* const function, ...);
