@@ -21,7 +21,8 @@ namespace VELDRIN_2_18::debug {
 using assert_hook_function = void (*)(char const* const, char const* const, unsigned int&);
 
 // Replaces the hook by a clone of the delegate's callable; an empty delegate clears it. What the callable
-// refers to must outlive the hook, which is destroyed at process exit.
+// refers to must outlive the hook, which is destroyed at process exit. A hook may replace or clear itself;
+// its callable is destroyed by that and must not use itself any more.
 VELDRIN_EXPORT void set_assert_hook(functor::delegate_t<assert_hook_function> const& hook);
 
 // Clears the hook.
