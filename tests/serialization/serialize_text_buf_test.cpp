@@ -267,12 +267,14 @@ TEST(serialize_text_buf, reads_integers_as_the_parsers_do) {
 }
 
 TEST(serialize_text_buf, reads_reals_as_the_parsers_do) {
-    open_buffer const buffer = buffer_of("0.333|-1e3|abc||1e999|12xyz|7|inf|0.25");
+    open_buffer const buffer = buffer_of("0.333|-1e3|abc||1e999|1e39|1e39|12xyz|7|inf|0.25");
     EXPECT_EQ(buffer.read_double(), 0.333);
     EXPECT_EQ(buffer.read_float(), -1000.0F);
     EXPECT_EQ(buffer.read_double(), 0.0);
     EXPECT_EQ(buffer.read_float(), 0.0F);
     EXPECT_EQ(buffer.read_double(), 0.0);
+    EXPECT_EQ(buffer.read_float(), 0.0F);
+    EXPECT_EQ(buffer.read_double(), 1e39);
     EXPECT_EQ(buffer.read_float(), 12.0F);
     EXPECT_EQ(buffer.read_double(), 7.0);
     EXPECT_EQ(buffer.read_double(), 0.0);

@@ -107,6 +107,11 @@ TEST(absolute_unit, has_no_value_in_a_unit_that_is_not_listed) {
         EXPECT_EQ(length.as_md(), 100000);
         length.value(5.0);
         EXPECT_EQ(length.as_md(), 0);
+
+        open_length<absolute_unit::md> endless;
+        endless.value(std::numeric_limits<double>::infinity());
+        static_cast<absolute_unit&>(length) = endless;
+        EXPECT_EQ(length.value(), 0.0);
     }
 }
 
