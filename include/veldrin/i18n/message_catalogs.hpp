@@ -118,7 +118,7 @@ public:
 
     // Can miss a file or a subdirectory: the listing behind it, `system::list_directory`, leaves out the
     // first entry that the system delivers, which on Linux may be any one. Where every file counts, give
-    // `load` a list of paths:
+    // `load` a list of paths, in C++20 so:
     //
     //     std::vector<strings::ustring8> paths;
     //     system::get_directory_files(strings::ustring8("catalogs"), paths);

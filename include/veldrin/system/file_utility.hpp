@@ -65,7 +65,7 @@ VELDRIN_EXPORT void get_directory_files(strings::ustring32 const& directory,
 
 // The first entry that the system delivers is dropped, whatever it is: mostly that is ".", but on Linux it
 // can be any file, which is then missing from the list. Where every file counts, use `get_directory_files`
-// and filter its paths; a list of messages to load, say:
+// and filter its paths; a list of messages to load, say, in C++20:
 //
 //     std::vector<strings::ustring8> paths;
 //     system::get_directory_files(strings::ustring8("catalogs"), paths);
