@@ -633,9 +633,10 @@ void xmc_file_loader::parse_ignorable(token_position& position, token_position c
 // ----------------------------------------------------------------------------------------------------------
 
 void xmc_file_loader::handle_language(ustring8 const& lang) {
+    // Taken apart first: it may be one of the list.
+    std::vector<ustring8> const parts = strings::split_string(normalised(lang), "_", 0);
     locale_list.emplace_back(".");
     locale_list.emplace_back("en");
-    std::vector<ustring8> const parts = strings::split_string(normalised(lang), "_", 0);
     ustring8 beginning;
     for (std::size_t index = 0; index < parts.size(); ++index) {
         beginning += index == 0 ? parts[index] : ustring8("_" + parts[index]);

@@ -718,6 +718,14 @@ TEST_F(xmc_file_loader, extends_the_list_of_languages) {
     EXPECT_EQ(loader.get_locale_weight("de"), 6U);
 }
 
+TEST_F(xmc_file_loader, extends_the_list_of_languages_by_one_that_is_in_it) {
+    ustring8 const lang(100, 'x');
+    loader.locale_list = {lang};
+    loader.locale_list.shrink_to_fit();
+    loader.handle_language(loader.locale_list.front());
+    EXPECT_EQ(loader.locale_list, (std::vector<ustring8>{lang, ".", "en", lang}));
+}
+
 TEST_F(xmc_file_loader, weighs_languages) {
     EXPECT_EQ(loader.get_locale_weight("."), 0U);
     EXPECT_FALSE(loader.is_lang_id_good("."));
