@@ -26,7 +26,8 @@ VELDRIN_EXPORT bool have_read_access(strings::ustring32 const& path);
 
 // Makes every missing directory of the path. True if the path is a directory already or its last level could
 // be made, whatever happened on the levels above; false for an empty path. One trailing separator is allowed.
-// With two, a directory that is missing is made as well, but the answer is false.
+// With two, a directory that is missing is made as well, but the answer is false; whether such a path names a
+// directory that is there is for the system to say, and Windows denies it.
 VELDRIN_EXPORT bool create_directory(strings::ustring8 const& path);
 VELDRIN_EXPORT bool create_directory(strings::ustring16 const& path);
 VELDRIN_EXPORT bool create_directory(strings::ustring32 const& path);
