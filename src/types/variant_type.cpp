@@ -38,13 +38,13 @@ constexpr bool is_integer = std::is_integral_v<T> && !std::is_same_v<T, bool>;
 
 // ---- Text to text --------------------------------------------------------------------------------------
 
-// The standard strings come in as the text class of their unit.
+// Text of the same unit passes as it is; standard strings of another come in as the text class of their unit.
 template <class Unit>
 struct encoding;
 
 template <>
 struct encoding<char> {
-    static ustring8 const& from(ustring8 const& text) { return text; }
+    static std::string const& from(std::string const& text) { return text; }
     static ustring8 from(ustring16 const& text) { return strings::utf16_to_utf8(text); }
     static ustring8 from(ustring32 const& text) { return strings::utf32_to_utf8(text); }
 };
@@ -52,7 +52,9 @@ struct encoding<char> {
 template <>
 struct encoding<utf16_unit> {
     static ustring16 from(ustring8 const& text) { return strings::utf8_to_utf16(text); }
-    static ustring16 const& from(ustring16 const& text) { return text; }
+    static std::basic_string<utf16_unit> const& from(std::basic_string<utf16_unit> const& text) {
+        return text;
+    }
     static ustring16 from(ustring32 const& text) { return strings::utf32_to_utf16(text); }
 };
 
@@ -60,7 +62,9 @@ template <>
 struct encoding<utf32_unit> {
     static ustring32 from(ustring8 const& text) { return strings::utf8_to_utf32(text); }
     static ustring32 from(ustring16 const& text) { return strings::utf16_to_utf32(text); }
-    static ustring32 const& from(ustring32 const& text) { return text; }
+    static std::basic_string<utf32_unit> const& from(std::basic_string<utf32_unit> const& text) {
+        return text;
+    }
 };
 
 // ---- Number to text ------------------------------------------------------------------------------------
@@ -96,8 +100,6 @@ Text to_text(T const& value) {
     using unit = typename Text::value_type;
     if constexpr (is_nil<T>) {
         return decimal_digits<unit>(0);
-    } else if constexpr (std::is_base_of_v<std::basic_string<unit>, T>) {
-        return value;
     } else if constexpr (is_text<T>) {
         return encoding<unit>::from(value);
     } else if constexpr (is_integer<T>) {
