@@ -1,6 +1,4 @@
 #include <cstddef>
-#include <cstdint>
-#include <new>
 
 #include <gtest/gtest.h>
 
@@ -20,19 +18,13 @@ std::size_t blocks_in_use() { return support::allocations - support::deallocatio
 std::size_t set_up_with_too_little_memory(config_dispatch const& dispatch) {
     for (std::size_t enough = 0;; ++enough) {
         std::size_t const before = blocks_in_use();
-        bool failed = false;
+        bool done = false;
         {
             item_list items;
-            support::allocations_left = enough;
-            try {
-                dispatch.setup(items);
-            } catch (std::bad_alloc const&) {
-                failed = true;
-            }
-            support::allocations_left = SIZE_MAX;
+            done = support::succeeds_with(enough, [&] { dispatch.setup(items); });
         }
         EXPECT_EQ(blocks_in_use(), before) << enough;
-        if (!failed) {
+        if (done) {
             return enough;
         }
     }

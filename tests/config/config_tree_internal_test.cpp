@@ -1,7 +1,6 @@
 // The tree when memory runs out.
 
 #include <cstddef>
-#include <new>
 #include <optional>
 #include <set>
 #include <string>
@@ -19,6 +18,7 @@ using namespace VELDRIN_2_18;
 using config::config_tree;
 using strings::ustring8;
 
+using support::succeeds_with;
 // Too long to be stored inside a string object.
 ustring8 const segment(40, 's');
 
@@ -32,20 +32,6 @@ std::string names(config_tree& tree) {
     return text;
 }
 
-// Whether the action got along with so many allocations.
-template <class Action>
-bool done_with(std::size_t allocations, Action action) {
-    support::allocations_left = allocations;
-    bool done = true;
-    try {
-        action();
-    } catch (std::bad_alloc const&) {
-        done = false;
-    }
-    support::allocations_left = SIZE_MAX;
-    return done;
-}
-
 TEST(config_tree, is_left_as_far_as_a_write_had_come) {
     ustring8 const key = segment + "." + segment + ".c";
     types::variant const value("x");
@@ -55,7 +41,7 @@ TEST(config_tree, is_left_as_far_as_a_write_had_come) {
     for (std::size_t allocations = 0;; ++allocations) {
         config_tree tree;
         tree.set_node("before", value, 0);
-        bool const done = done_with(allocations, [&] { tree.set_node(key, value, 0); });
+        bool const done = succeeds_with(allocations, [&] { tree.set_node(key, value, 0); });
         std::string const left = names(tree);
         if (done) {
             EXPECT_EQ(left, "before=1:x " + two + key + "=1:x ");
@@ -74,7 +60,7 @@ TEST(config_tree, is_unchanged_when_an_assignment_fails) {
     target.set_node("old.key", "y", 0);
     std::string const before = names(target);
     std::size_t allocations = 0;
-    while (!done_with(allocations, [&] { target = source; })) {
+    while (!succeeds_with(allocations, [&] { target = source; })) {
         EXPECT_EQ(names(target), before);
         ++allocations;
     }
@@ -86,8 +72,8 @@ TEST(config_tree, gives_its_memory_back_when_a_copy_fails) {
     config_tree source;
     source.set_node("a.b.c", "x", 0);
     std::size_t allocations = 0;
-    while (!done_with(allocations, [&] { config_tree const copy(source); }) ||
-           !done_with(allocations, [&] { delete source.clone(); })) {
+    while (!succeeds_with(allocations, [&] { config_tree const copy(source); }) ||
+           !succeeds_with(allocations, [&] { delete source.clone(); })) {
         ++allocations;
     }
     EXPECT_GT(allocations, 4U);
@@ -99,9 +85,9 @@ TEST(config_tree, is_taken_apart_without_memory) {
         tree->set_node(key, "x", 0);
     }
     std::optional<config_tree> copy(*tree);
-    EXPECT_TRUE(done_with(0, [&] { tree->erase(); }));
+    EXPECT_TRUE(succeeds_with(0, [&] { tree->erase(); }));
     EXPECT_EQ(names(*tree), "");
-    EXPECT_TRUE(done_with(0, [&] { copy.reset(); }));
+    EXPECT_TRUE(succeeds_with(0, [&] { copy.reset(); }));
 }
 
 } // namespace

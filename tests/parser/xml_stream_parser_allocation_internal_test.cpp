@@ -1,8 +1,6 @@
 // The stream parser where memory runs out.
 
 #include <cstddef>
-#include <cstdint>
-#include <new>
 #include <string>
 #include <utility>
 
@@ -19,6 +17,7 @@ using namespace VELDRIN_2_18;
 using strings::ustring8;
 using support::xml_stream_parser;
 
+using support::succeeds_with;
 // Names and texts are too long to be kept in a string object itself.
 std::string const long_text(40, 'x');
 
@@ -26,20 +25,6 @@ std::string document_text() {
     std::string const element = "element_" + long_text;
     return support::long_header + "<root_" + long_text + "><" + element + " name_" + long_text + "='" +
            long_text + "'>" + long_text + "</" + element + "></root_" + long_text + ">";
-}
-
-// True if the function ran out of the memory that it was given.
-template <class Function>
-bool runs_out(std::size_t allocations, Function function) {
-    support::allocations_left = allocations;
-    bool failed = false;
-    try {
-        function();
-    } catch (std::bad_alloc const&) {
-        failed = true;
-    }
-    support::allocations_left = SIZE_MAX;
-    return failed;
 }
 
 struct open_parser : xml_stream_parser {
@@ -57,7 +42,7 @@ TEST(xml_stream_parser_memory, that_runs_out_in_a_construct_is_fatal) {
     EXPECT_EQ(parser.parse(), xml_stream_parser::no_error);
     file.contents = document_text();
     parser.load();
-    EXPECT_TRUE(runs_out(0, [&] { parser.parse_next(); }));
+    EXPECT_FALSE(succeeds_with(0, [&] { parser.parse_next(); }));
     EXPECT_EQ(parser.error(), xml_stream_parser::fatal_error);
     EXPECT_EQ(parser.parse(), xml_stream_parser::fatal_error);
     EXPECT_EQ(parser.recover({"a"}), xml_stream_parser::fatal_error);
@@ -74,7 +59,7 @@ TEST(xml_stream_parser_memory, may_run_out_anywhere) {
     for (; has_run_out; ++allocations) {
         ASSERT_LT(allocations, enough);
         xml_stream_parser parser(ustring8("f"), 1);
-        has_run_out = runs_out(allocations, [&] { parser.parse(); });
+        has_run_out = !succeeds_with(allocations, [&] { parser.parse(); });
         // Failures to open the file leave the error as it was.
         EXPECT_EQ(parser.error() == xml_stream_parser::end_of_document, !has_run_out);
         bool const is_fatal = parser.error() == xml_stream_parser::fatal_error;
@@ -106,7 +91,7 @@ TEST(xml_stream_parser_memory, that_runs_out_while_a_node_is_taken_leaves_it_in_
         ASSERT_EQ(parser.node_queue_size(), 1u);
         file.contents = whole;
         xml_stream_parser::node taken;
-        has_run_out = runs_out(allocations, [&] { taken = parser.node_queue_pop(); });
+        has_run_out = !succeeds_with(allocations, [&] { taken = parser.node_queue_pop(); });
         if (has_run_out) {
             taken = parser.node_queue_pop();
         }

@@ -17,6 +17,20 @@ inline std::size_t deallocations = 0;
 // The allocation behind so many others throws `std::bad_alloc`, and so do all that follow.
 inline std::size_t allocations_left = SIZE_MAX;
 
+// True if the action came to its end with memory for so many allocations, false if it ran out.
+template <class Action>
+bool succeeds_with(std::size_t available, Action action) {
+    allocations_left = available;
+    bool succeeded = true;
+    try {
+        action();
+    } catch (std::bad_alloc const&) {
+        succeeded = false;
+    }
+    allocations_left = SIZE_MAX;
+    return succeeded;
+}
+
 } // namespace support
 
 [[gnu::noinline]] void* operator new(std::size_t size) {

@@ -1,8 +1,6 @@
 // How often the variant goes to the allocator, and what it does when that has nothing left.
 
 #include <cstddef>
-#include <cstdint>
-#include <new>
 #include <string>
 #include <utility>
 
@@ -18,6 +16,7 @@ namespace {
 using namespace VELDRIN_2_18;
 using types::variant;
 
+using support::succeeds_with;
 template <class Action>
 std::size_t allocations_of(Action action) {
     std::size_t const before = support::allocations;
@@ -75,20 +74,6 @@ TEST(variant_allocation, text_in_the_units_of_the_result_is_copied_once) {
     }
     variant const utf32{strings::ustring32(text.begin(), text.end())};
     EXPECT_EQ(allocations_of([&utf32] { utf32.as_utf32(); }), 1U);
-}
-
-// Whether the action came to its end with memory for so many allocations.
-template <class Action>
-bool succeeds_with(std::size_t available, Action action) {
-    support::allocations_left = available;
-    bool succeeded = true;
-    try {
-        action();
-    } catch (std::bad_alloc const&) {
-        succeeded = false;
-    }
-    support::allocations_left = SIZE_MAX;
-    return succeeded;
 }
 
 TEST(variant_allocation, a_construction_without_memory_passes_the_failure_on) {

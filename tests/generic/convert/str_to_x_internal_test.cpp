@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <new>
 #include <string>
 #include <string_view>
 
@@ -56,16 +55,11 @@ TEST(integer_formatters, allocate_nothing) {
 // Calls `parse` with memory for one allocation more each time, until it has a result.
 template <class Parse>
 auto result_when_memory_suffices(Parse parse) {
-    for (std::size_t allocations_left = 0;; ++allocations_left) {
-        support::allocations_left = allocations_left;
-        try {
-            auto const value = parse();
-            support::allocations_left = SIZE_MAX;
-            return value;
-        } catch (std::bad_alloc const&) {
-            support::allocations_left = SIZE_MAX;
-        }
+    decltype(parse()) value = 0;
+    for (std::size_t available = 0; !support::succeeds_with(available, [&] { value = parse(); });
+         ++available) {
     }
+    return value;
 }
 
 TEST(real_parsers, never_take_exhausted_memory_for_a_text_without_a_number) {
